@@ -1,0 +1,97 @@
+/// @file DataSetState.h
+/// What stands behind a VDicomDS. Private to Common/DataSet and to the classes derived from VDicomDS.
+#pragma once
+
+#include "Bytes.h"
+#include "ElementTree.h"
+#include "StreamAccess.h"
+#include "TransferSyntax.h"
+#include "VDicomDS.h"
+#include "VRTraits.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace vdicom {
+
+/// A fault as collected while reading; DICOMFAULT points into it.
+struct Fault {
+    unsigned int code = 0;
+    VDicomUInt64 offset = 0;
+    VDicomULong tag = 0;
+    std::string text;
+};
+
+/// An element whose value has to be stored again after loading.
+struct BadElement {
+    VDicomULong code;
+    DICOMELEMENT* element;
+    VDicomULong kind; ///< 1: a value of odd length
+};
+
+/// The decoded text of (0008,0005); CharacterSet.h has the rest.
+class CharacterSet;
+
+class DataSetState {
+public:
+    explicit DataSetState(const char* tempPath);
+    ~DataSetState();
+
+    /// The scratch stream, opened at its first use. Null when it cannot be opened.
+    VDicomFile* Scratch();
+
+    /// Whether the value bytes of `e` are stored little endian: group 0002 always, content of "UN" sequences too.
+    bool IsLittleEndian(const DICOMELEMENT* e) const;
+    /// How many bytes are swapped together when the raw value of `e` is turned into host order; 1: none.
+    unsigned int SwapUnitOf(const DICOMELEMENT* e) const;
+
+    /// The invalid-element check: false when a callback is set and `e` is not an element of this data set. The callback
+    /// has been called then.
+    bool Check(const DICOMELEMENT* e) const;
+
+    /// Inserts without the checks of VDicomDS::InsertElement that speak of what users may insert (a tag twice, group
+    /// lengths, trailing padding): what readers and copies need.
+    DICOMELEMENT* Append(DICOMELEMENT* parent, VDicomULong tag, unsigned short vr, bool undefined);
+
+    /// The private creator's text for a private element ("" when there is none), from its (gggg,00bb).
+    std::string CreatorOf(const DICOMELEMENT* parent, VDicomULong tag) const;
+
+    void AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string text);
+
+    static constexpr std::size_t kMaxBad = 50;
+    static constexpr std::size_t kMaxFaults = 50;
+
+    ElementTree tree;
+    unsigned short flags = DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE;
+    char identification[65] = {};
+    char preamble[128] = {};
+    VDicomFile* source = nullptr; ///< where the elements' bytes come from; null when nothing is loaded
+    VDicomFile loadStream;
+    VDicomFile inflated; ///< what a deflated stream inflated to
+    std::string tempPath;
+    bool frozen = false; ///< a conformance check is running: the tree must not change
+    VDicomULong keepPixelData = 0;
+    VDicomElementCallback callback = nullptr;
+    void* callbackData = nullptr;
+    std::array<BadElement, kMaxBad> bad{};
+    std::size_t badCount = 0;
+    std::vector<Fault> faults;
+    std::string transferSyntax; ///< the UID in force; empty: none
+    VDicomULong depthLimit = 128;
+    VDicomULong loadLimit = DICOM_UNDEFINED;
+    VDicomUInt64 inflateLimit = VDicomUInt64{16} << 30;
+    std::string text; ///< what texts handed out as pointers are kept in
+
+    /// Directory records: see Keys.h.
+    std::unordered_map<VDicomULong, DICOMELEMENT*> keys; ///< key number to record
+    VDicomULong nextKey = 1;                             ///< no key number below it is free
+
+private:
+    VDicomFile m_scratch;
+    bool m_scratchOpen = false;
+};
+
+} // namespace vdicom

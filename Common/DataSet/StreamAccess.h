@@ -1,0 +1,32 @@
+/// @file StreamAccess.h
+/// The library's own view of a stream: bytes without copying, and positions that do not disturb the caller's.
+#pragma once
+
+#include "Bytes.h"
+#include "VDicomFile.h"
+
+namespace vdicom {
+
+struct StreamAccess {
+    /// The bytes at `position`, `wanted` of them or fewer when the stream ends before; more where the buffer holds more
+    /// anyway. Valid until the next call on the stream. `wanted` must not exceed kMaxView. Does not move the position
+    /// of the stream. Bytes that are still in the write buffer are seen too.
+    static ByteSpan View(VDicomFile& file, VDicomUInt64 position, std::size_t wanted);
+    static constexpr std::size_t kMaxView = 64 * 1024;
+
+    /// Reads exactly `size` bytes at `position`; large reads go past the buffer. Does not move the position.
+    static bool ReadAt(VDicomFile& file, VDicomUInt64 position, void* buffer, std::size_t size);
+
+    /// Writes at the end of the stream and gives the position where the bytes now stand. Moves the position.
+    static bool Append(VDicomFile& file, const void* buffer, std::size_t size, VDicomUInt64& position);
+
+    static VDicomUInt64 Size(const VDicomFile& file);
+
+    /// The path (as given to Open) of the file that the stream reads; empty for memory and temporary streams.
+    static const char* Path(const VDicomFile& file);
+
+    /// Whether both streams, or a stream and the file at `path`, are one and the same file on the disk.
+    static bool IsFile(const VDicomFile& file, const char* path);
+};
+
+} // namespace vdicom

@@ -1,0 +1,50 @@
+/// @file VRTraits.h
+/// What the codec knows of every VR of the standard, the newer ones included. Pure.
+#pragma once
+
+#include "VDicomTypes.h"
+
+namespace vdicom {
+
+namespace vr {
+constexpr unsigned short AE = VDicomVRCode('A', 'E'), AS = VDicomVRCode('A', 'S'), AT = VDicomVRCode('A', 'T'),
+                         CS = VDicomVRCode('C', 'S'), DA = VDicomVRCode('D', 'A'), DS = VDicomVRCode('D', 'S'),
+                         DT = VDicomVRCode('D', 'T'), FD = VDicomVRCode('F', 'D'), FL = VDicomVRCode('F', 'L'),
+                         IS = VDicomVRCode('I', 'S'), LO = VDicomVRCode('L', 'O'), LT = VDicomVRCode('L', 'T'),
+                         OB = VDicomVRCode('O', 'B'), OD = VDicomVRCode('O', 'D'), OF = VDicomVRCode('O', 'F'),
+                         OL = VDicomVRCode('O', 'L'), OV = VDicomVRCode('O', 'V'), OW = VDicomVRCode('O', 'W'),
+                         PN = VDicomVRCode('P', 'N'), SH = VDicomVRCode('S', 'H'), SL = VDicomVRCode('S', 'L'),
+                         SQ = VDicomVRCode('S', 'Q'), SS = VDicomVRCode('S', 'S'), ST = VDicomVRCode('S', 'T'),
+                         SV = VDicomVRCode('S', 'V'), TM = VDicomVRCode('T', 'M'), UC = VDicomVRCode('U', 'C'),
+                         UI = VDicomVRCode('U', 'I'), UL = VDicomVRCode('U', 'L'), UN = VDicomVRCode('U', 'N'),
+                         UR = VDicomVRCode('U', 'R'), US = VDicomVRCode('U', 'S'), UT = VDicomVRCode('U', 'T'),
+                         UV = VDicomVRCode('U', 'V');
+/// What ReadElement gives for an implicit VR that has not been resolved.
+constexpr unsigned short Implicit = 0xFFFF;
+} // namespace vr
+
+/// The nature of a VR.
+struct VRTraits {
+    unsigned short code;
+    unsigned char unit; ///< bytes that are swapped together between byte orders (AT: 2)
+    bool longHeader;    ///< 12-byte explicit header
+    bool text;          ///< characters
+    bool multiple;      ///< text divided at backslashes
+    bool charset;       ///< text that (0008,0005) speaks of
+    char pad;           ///< what makes a value even
+};
+
+/// The traits of a VR, or null for two letters that are none. Constant time.
+const VRTraits* FindVRTraits(unsigned short code);
+
+/// Unit that is swapped; 1 for unknown VRs.
+unsigned int SwapUnit(unsigned short code);
+
+/// 12-byte explicit header (PS3.5 7.1.2). VRs that are unknown have it when they are newer than the library, as
+/// PS3.5 demands of every VR to come.
+bool HasLongHeader(unsigned short code);
+
+/// The character that makes a value of this VR even: a blank after text, zero after UI and binary values.
+unsigned char PadByte(unsigned short code);
+
+} // namespace vdicom

@@ -1,0 +1,230 @@
+/// @file VDicomTypes.h
+/// Types, records and result codes that every class of the toolkit shares.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#if defined(_WIN32)
+#if defined(VDICOM_STATIC)
+#define VDICOM_API
+#elif defined(VDICOM_BUILD)
+#define VDICOM_API __declspec(dllexport)
+#else
+#define VDICOM_API __declspec(dllimport)
+#endif
+#define VDICOM_CALLBACK __stdcall
+#else
+#define VDICOM_API __attribute__((visibility("default")))
+#define VDICOM_CALLBACK
+#endif
+
+/// @name Numbers
+/// Quantities of the interface are 32 bits wide on every platform.
+/// @{
+#if defined(_WIN32)
+using VDicomULong = unsigned long;
+using VDicomLong = long;
+#else
+using VDicomULong = std::uint32_t;
+using VDicomLong = std::int32_t;
+#endif
+static_assert(sizeof(VDicomULong) == 4 && sizeof(VDicomLong) == 4, "the interface is 32 bits wide");
+
+/// A position in a stream or its size where 32 bits are not enough.
+using VDicomUInt64 = std::uint64_t;
+/// A signed distance in a stream.
+using VDicomInt64 = std::int64_t;
+/// The offset of a piece in its stream: as wide as a pointer, so that 64-bit builds reach beyond 4 GiB.
+using VDicomOffset = std::uintptr_t;
+/// @}
+
+/// Undefined length, "all values", "not yet parsed", "no offset yet": all bits set.
+constexpr VDicomULong DICOM_UNDEFINED = 0xFFFFFFFFu;
+
+class VDicomFile;
+
+/// A VR code: two letters packed into 16 bits, the first in the high byte ("OB" is 0x4F42).
+constexpr unsigned short VDicomVRCode(char first, char second) {
+    return static_cast<unsigned short>((static_cast<unsigned char>(first) << 8) | static_cast<unsigned char>(second));
+}
+
+/// A tag from its group and element number.
+constexpr VDicomULong VDicomTagCode(unsigned int group, unsigned int element) {
+    return (static_cast<VDicomULong>(group & 0xFFFFu) << 16) | (element & 0xFFFFu);
+}
+
+#pragma pack(push, 1)
+
+/// The link that heads every node of every tree and list.
+struct DICOMLINK {
+    DICOMLINK* pParent;     ///< the enclosing node; null at the top level
+    DICOMLINK* pFirstChild; ///< the first node one level down
+    DICOMLINK* pLastChild;  ///< the last node one level down
+    DICOMLINK* pPrev;       ///< the previous sibling
+    DICOMLINK* pNext;       ///< the next sibling
+};
+
+#pragma pack(pop)
+
+/// One data element of a data set. Owned by its data set; callers never free one and never write to its fields.
+struct DICOMELEMENT {
+    DICOMLINK Link;             ///< place in the tree; an element pointer is also a link pointer
+    VDicomULong nTag;           ///< group in the high 16 bits, element number in the low 16 bits
+    unsigned short nVR;         ///< value representation (VDicomVRCode); 0 when unknown
+    VDicomULong nLength;        ///< bytes of the value; DICOM_UNDEFINED for sequences and items
+    VDicomULong nCountValue;    ///< value multiplicity; DICOM_UNDEFINED until the value has been parsed
+    void* pTypeValue;           ///< parsed values (VDicomDS::GetTypeValue); null until parsed
+    VDicomULong nKey;           ///< directory record item: its key number; offset element: the record it refers to
+    VDicomOffset* pPieceOffset; ///< of each piece of the raw value: its byte offset in its stream
+    VDicomFile** pPieceStream;  ///< of each piece: the stream that holds it
+    VDicomULong* pPieceSize;    ///< of each piece: its size in bytes
+    VDicomULong nCountPiece;    ///< number of pieces, at least 1
+};
+
+#pragma pack(push, 1)
+
+/// The value of VR "AS" (PS3.5 6.2).
+struct VALUEAGE {
+    unsigned short nNumber; ///< how many units
+    char cUnit;             ///< 'D' days, 'W' weeks, 'M' months, 'Y' years
+};
+
+/// The value of VR "DA". All three fields 65535: an empty date.
+struct VALUEDATE {
+    unsigned short nYear;
+    unsigned short nMonth;
+    unsigned short nDay;
+};
+
+/// The value of VR "TM". Hours, minutes and seconds 65535 with a fraction of 65535: an empty time.
+///
+/// The fraction holds the digits behind the point as they stand, as a number in its low 24 bits ("123" is 123), and
+/// in its high 8 bits how many zeros stand before them ("000123" is 0x0300007B), so that no digit is lost. A fraction
+/// without leading zeros is therefore simply its number. Parts that the text leaves out are 0.
+struct VALUETIME {
+    unsigned short nHours;
+    unsigned short nMinutes;
+    unsigned short nSeconds;
+    VDicomULong nFraction;
+};
+
+/// The value of VR "DT". Month and day are 0 where the text ends before them. The fraction is as in VALUETIME.
+struct VALUEDATETIME {
+    unsigned short nYear;
+    unsigned short nMonth;
+    unsigned short nDay;
+    unsigned short nHours;
+    unsigned short nMinutes;
+    unsigned short nSeconds;
+    VDicomULong nFraction;
+    VDicomLong nOffsetUTC; ///< as written: +0130 is 130, -0500 is -500; 0 when absent
+};
+
+/// Which bounds a range has.
+enum VALUERANGETYPE : VDicomULong {
+    DICOM_RANGE_SINGLE = 0, ///< one value, the lower one; no hyphen
+    DICOM_RANGE_LOWER = 1,  ///< lower bound only: the text ends with the hyphen
+    DICOM_RANGE_UPPER = 2,  ///< upper bound only: the text begins with the hyphen
+    DICOM_RANGE_BOTH = 3    ///< both bounds
+};
+
+/// A range of dates, as in queries (PS3.4 C.2.2.2.5).
+struct VALUEDATERANGE {
+    VDicomULong nType; ///< VALUERANGETYPE
+    VALUEDATE Lower;
+    VALUEDATE Upper;
+};
+
+/// A range of times.
+struct VALUETIMERANGE {
+    VDicomULong nType; ///< VALUERANGETYPE
+    VALUETIME Lower;
+    VALUETIME Upper;
+};
+
+/// A range of date-times.
+struct VALUEDATETIMERANGE {
+    VDicomULong nType; ///< VALUERANGETYPE
+    VALUEDATETIME Lower;
+    VALUEDATETIME Upper;
+};
+
+#pragma pack(pop)
+
+static_assert(sizeof(VALUEAGE) == 3 && sizeof(VALUEDATE) == 6 && sizeof(VALUETIME) == 10, "declared sizes");
+
+/// @name Flags word of a data set, load flags and save flags
+/// @{
+constexpr unsigned short DICOM_FLAG_PART10 = 0x0001;   ///< 128-byte preamble, "DICM", file meta information
+constexpr unsigned short DICOM_FLAG_BARE = 0x0002;     ///< save flag: neither preamble nor group 0002
+constexpr unsigned short DICOM_FLAG_LITTLE = 0x0004;   ///< little endian
+constexpr unsigned short DICOM_FLAG_BIG = 0x0008;      ///< big endian
+constexpr unsigned short DICOM_FLAG_IMPLICIT = 0x0010; ///< implicit VR
+constexpr unsigned short DICOM_FLAG_EXPLICIT = 0x0020; ///< explicit VR
+/// Save flag: leave (0002,0010) Transfer Syntax UID as it stands.
+constexpr unsigned short DICOM_FLAG_KEEP_UID = 0x0100;
+constexpr unsigned short DICOM_FLAG_CARRY = 0x0200; ///< load flag that is carried over into the flags word
+constexpr unsigned short DICOM_FLAG_READ = 0x0400;  ///< set by the reader, and by InitDS when asked
+/// Load flag: record the stream offset of each element (VDicomDS::GetElementOffset).
+constexpr unsigned short DICOM_FLAG_OFFSETS = 0x0800;
+/// InitDS: modules are inserted without their optional elements.
+constexpr unsigned short DICOM_FLAG_NO_OPTIONAL = 0x1000;
+/// Everything behind group 0002 is deflated (PS3.5 A.5).
+constexpr unsigned short DICOM_FLAG_DEFLATED = 0x2000;
+
+constexpr unsigned short DICOM_TS_IMPLICIT_LITTLE = 0x14; ///< implicit VR little endian
+constexpr unsigned short DICOM_TS_EXPLICIT_LITTLE = 0x24; ///< explicit VR little endian
+constexpr unsigned short DICOM_TS_EXPLICIT_BIG = 0x28;    ///< explicit VR big endian
+/// @}
+
+/// Result codes of the whole library; GetErrorText gives a sentence for each.
+enum DICOMERROR : unsigned int {
+    DICOM_OK = 0,
+    DICOM_ERROR_MEMORY = 2,      ///< memory could not be allocated
+    DICOM_ERROR_OPEN = 3,        ///< a file could not be opened or created
+    DICOM_ERROR_READ = 4,        ///< a header or value could not be read completely
+    DICOM_ERROR_WRITE = 5,       ///< a write to a stream failed
+    DICOM_ERROR_STRUCTURE = 6,   ///< sequences, items and delimiters do not fit together
+    DICOM_ERROR_END = 7,         ///< the stream ended where the next element was expected
+    DICOM_ERROR_LENGTH = 8,      ///< an odd value length was refused
+    DICOM_ERROR_PARAMETER = 9,   ///< an argument is wrong
+    DICOM_ERROR_FORMAT = 10,     ///< the stream is no DICOM data set
+    DICOM_ERROR_DEPTH = 13,      ///< sequences are nested more deeply than the limit allows
+    DICOM_ERROR_SIZE = 14,       ///< a stream is too large for this build, or a value for the encoding
+    DICOM_ERROR_DEFLATE = 15,    ///< deflated data are damaged or inflate beyond the limit
+    DICOM_ERROR_UNSUPPORTED = 16 ///< the pixel data would have to be compressed or decompressed
+};
+
+/// What a reader found and went on from; see VDicomDS::GetFault. Result codes stand there as well.
+enum DICOMFAULTCODE : unsigned int {
+    DICOM_BAD_ELEMENT = 12,               ///< odd value length, padded after loading
+    DICOM_FAULT_TRANSFER_SYNTAX = 401,    ///< the headers contradict (0002,0010); read as the headers show
+    DICOM_FAULT_NO_TRANSFER_SYNTAX = 402, ///< a Part 10 file without (0002,0010)
+    DICOM_FAULT_META = 403,               ///< group 0002 is not as PS3.10 7.1 has it (length, VR, order)
+    DICOM_FAULT_ORDER = 404,              ///< tags out of ascending order; sorted
+    DICOM_FAULT_DOUBLED = 405,            ///< a tag twice at one level; both kept
+    DICOM_FAULT_VR = 406,                 ///< an unknown VR in an explicit header
+    DICOM_FAULT_DELIMITER = 407,          ///< a delimiter is missing or one too many
+    DICOM_FAULT_ITEM = 408,               ///< an item without a sequence, or something else where an item must stand
+    DICOM_FAULT_LENGTH = 409,             ///< a length runs past the end of the enclosing element
+    DICOM_FAULT_TRUNCATED = 410           ///< a value runs past the end of the stream; what is there was kept
+};
+
+/// One fault found while loading. The texts belong to the data set and live until it is loaded or reset again.
+struct DICOMFAULT {
+    unsigned int nCode;   ///< DICOMFAULTCODE or DICOMERROR
+    VDicomUInt64 nOffset; ///< stream offset of the header concerned
+    VDicomULong nTag;     ///< its tag; 0 when there is none
+    const char* pszText;  ///< one sentence for people, without offset and tag
+};
+
+/// A clear English sentence for a result or fault code; never null. Unknown codes get a sentence that says so.
+VDICOM_API const char* GetErrorText(unsigned int code);
+
+/// Called with an element that an operation refused: it is not of this data set (code 256), or its value is an
+/// empty date or time (code 256 too). The return value is not used.
+using VDicomElementCallback = VDicomULong(VDICOM_CALLBACK*)(DICOMELEMENT* element, unsigned short code, void* userData);
+
+/// Code passed to VDicomElementCallback.
+constexpr unsigned short DICOM_INVALID_ELEMENT = 256;
