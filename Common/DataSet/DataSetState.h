@@ -42,6 +42,11 @@ public:
 
     /// The scratch stream, opened at its first use. Null when it cannot be opened.
     VDicomFile* Scratch();
+    /// The scratch stream as the home of new elements' first piece, whether it is open or not.
+    VDicomFile* ScratchSlot() { return &m_scratch; }
+    bool IsScratch(const VDicomFile* stream) const;
+    /// Throws the scratch stream's bytes away; no element may need them any more.
+    bool EmptyScratch();
 
     /// Whether the value bytes of `e` are stored little endian: group 0002 always, content of "UN" sequences too.
     bool IsLittleEndian(const DICOMELEMENT* e) const;
@@ -59,6 +64,10 @@ public:
     /// The private creator's text for a private element ("" when there is none), from its (gggg,00bb).
     std::string CreatorOf(const DICOMELEMENT* parent, VDicomULong tag) const;
 
+    /// Called before an element and all below it are deleted: what is kept about them beside the tree is forgotten.
+    void ElementsGone(const DICOMELEMENT* top);
+    void ForgetKey(VDicomULong key, const DICOMELEMENT* record);
+
     void AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string text);
 
     static constexpr std::size_t kMaxBad = 50;
@@ -68,7 +77,7 @@ public:
     unsigned short flags = DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE;
     char identification[65] = {};
     char preamble[128] = {};
-    VDicomFile* source = nullptr; ///< where the elements' bytes come from; null when nothing is loaded
+    VDicomFile* source = &loadStream; ///< where the elements' bytes come from; `loadStream` when nothing is loaded
     VDicomFile loadStream;
     VDicomFile inflated; ///< what a deflated stream inflated to
     std::string tempPath;

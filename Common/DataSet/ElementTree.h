@@ -6,7 +6,6 @@
 #include "VDicomTree.h"
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -79,14 +78,23 @@ protected:
 
 private:
     struct Level; ///< index of one wide level
+    struct Chunk {
+        std::unique_ptr<ElementNode[]> nodes;
+        std::size_t size;
+        std::size_t used; ///< nodes that have been handed out since the chunk was emptied
+    };
+
     Level* FindLevel(const DICOMELEMENT* parent) const;
-    Level* WideLevel(const DICOMELEMENT* parent) const;
+    Level& MakeLevel(const DICOMELEMENT* parent) const;
+    void Linked(DICOMELEMENT* e, const DICOMELEMENT* parent);
+    void Unlinking(DICOMELEMENT* e);
+    ElementNode* TakeNode();
     void FreeNode(ElementNode* node);
 
-    std::vector<std::unique_ptr<ElementNode[]>> m_chunks;
-    std::map<const ElementNode*, std::size_t> m_chunkSizes; ///< first node of each chunk to its number of nodes
-    ElementNode* m_pFree = nullptr;                         ///< chain of free nodes by their pNext
-    std::size_t m_used = 0;                                 ///< nodes of the last chunk that have been handed out
+    std::vector<Chunk> m_chunks;
+    std::size_t m_chunk = 0;        ///< the chunk that nodes are handed out from
+    ElementNode* m_pFree = nullptr; ///< chain of given-back nodes by their pNext
+    /// Indexes of the levels that turned out to be wide, by the parent (null: top level). Made by look-ups too.
     mutable std::unordered_map<const DICOMELEMENT*, std::unique_ptr<Level>> m_levels;
 };
 

@@ -1,0 +1,106 @@
+#include "DataSetState.h"
+
+#include <algorithm>
+
+namespace vdicom {
+
+DataSetState::DataSetState(const char* path) : tempPath(path == nullptr ? "" : path) {}
+
+DataSetState::~DataSetState() = default;
+
+VDicomFile* DataSetState::Scratch() {
+    // Opened late: most data sets are only read, and a thousand connections must not cost thousands of streams.
+    if (m_scratchOpen == false)
+        m_scratchOpen = m_scratch.Open(tempPath.c_str(), DICOM_FILE_MODE_SCRATCH) != 0;
+    return m_scratchOpen ? &m_scratch : nullptr;
+}
+
+bool DataSetState::IsScratch(const VDicomFile* stream) const { return stream == &m_scratch; }
+
+bool DataSetState::EmptyScratch() {
+    return !m_scratchOpen || (m_scratch.Seek(0, 0) != 0 && m_scratch.Write("", 0) != 0);
+}
+
+bool DataSetState::IsLittleEndian(const DICOMELEMENT* e) const {
+    if ((flags & DICOM_FLAG_BIG) == 0 || GroupOf(e->nTag) == 2)
+        return true;
+    // What a "UN" of undefined length holds is implicit VR little endian everywhere (PS3.5 6.2.2).
+    for (const DICOMELEMENT* at = ParentOf(e); at != nullptr; at = ParentOf(at)) {
+        if (at->nVR == vr::UN)
+            return true;
+    }
+    return false;
+}
+
+unsigned int DataSetState::SwapUnitOf(const DICOMELEMENT* e) const { return IsLittleEndian(e) ? 1 : SwapUnit(e->nVR); }
+
+bool DataSetState::Check(const DICOMELEMENT* e) const {
+    if (callback == nullptr || e == nullptr || tree.Exists(&e->Link) != 0)
+        return true;
+    callback(const_cast<DICOMELEMENT*>(e), DICOM_INVALID_ELEMENT, callbackData);
+    return false;
+}
+
+DICOMELEMENT* DataSetState::Append(DICOMELEMENT* parent, VDicomULong tag, unsigned short vr, bool undefined) {
+    DICOMELEMENT* e = tree.Create(tag, vr, undefined || vr == vr::SQ ? DICOM_UNDEFINED : 0, ScratchSlot());
+    if (tag == kItem)
+        tree.LinkItem(e, parent, DICOM_UNDEFINED);
+    else
+        tree.LinkOrdered(e, parent);
+    return e;
+}
+
+std::string DataSetState::CreatorOf(const DICOMELEMENT* parent, VDicomULong tag) const {
+    const VDicomULong block = (tag >> 8) & 0xFF;
+    if (!IsPrivate(tag) || block < 0x10)
+        return {};
+    const DICOMELEMENT* creator = tree.FindChild(parent, (tag & 0xFFFF0000) | block);
+    // A creator is a short text (LO); anything longer is none.
+    if (creator == nullptr || creator->nLength == 0 || creator->nLength > 256 || creator->nCountPiece != 1)
+        return {};
+    std::string creatorText(creator->nLength, '\0');
+    if (!StreamAccess::ReadAt(**creator->pPieceStream, *creator->pPieceOffset, creatorText.data(), creatorText.size()))
+        return {};
+    const std::size_t end = creatorText.find_last_not_of(std::string_view(" \0", 2));
+    creatorText.resize(end == std::string::npos ? 0 : end + 1);
+    return creatorText;
+}
+
+void DataSetState::AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string words) {
+    // The one that ends a load is always kept.
+    const bool isError = code < DICOM_FAULT_TRANSFER_SYNTAX && code != DICOM_BAD_ELEMENT;
+    if (faults.size() < kMaxFaults || isError)
+        faults.push_back({code, offset, tag, std::move(words)});
+}
+
+void DataSetState::ElementsGone(const DICOMELEMENT* top) {
+    if (badCount == 0 && keys.empty())
+        return;
+    const DICOMELEMENT* e = top;
+    for (;;) {
+        const auto end = std::remove_if(bad.begin(), bad.begin() + static_cast<std::ptrdiff_t>(badCount),
+                                        [e](const BadElement& entry) { return entry.element == e; });
+        badCount = static_cast<std::size_t>(end - bad.begin());
+        if (e->nKey != 0 && e->nTag == kItem)
+            ForgetKey(e->nKey, e);
+        if (FirstChildOf(e) != nullptr) {
+            e = FirstChildOf(e);
+            continue;
+        }
+        while (e != top && NextOf(e) == nullptr)
+            e = ParentOf(e);
+        if (e == top)
+            return;
+        e = NextOf(e);
+    }
+}
+
+void DataSetState::ForgetKey(VDicomULong key, const DICOMELEMENT* record) {
+    const auto found = keys.find(key);
+    if (found == keys.end() || found->second != record)
+        return;
+    keys.erase(found);
+    nextKey = std::min(nextKey, key);
+}
+
+} // namespace vdicom
