@@ -1,7 +1,8 @@
 # The targets of the library: an object library per folder of Common/, and the shared and static libraries made of them.
 
 add_library(vdicom_warnings INTERFACE)
-target_compile_options(vdicom_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(vdicom_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                                 $<$<BOOL:${VDICOM_WERROR}>:-Werror>)
 
 # vdicom_folder(NAME [SEES FOLDER...] [LINKS LIBRARY...]): Common/NAME with the headers of the folders it may see.
 function(vdicom_folder name)
@@ -16,8 +17,8 @@ function(vdicom_folder name)
     list(APPEND sources ${backend})
   endif()
   add_library(vdicom_${name} OBJECT ${sources})
+  # Exported classes are marked for the DLL; the same objects make the static library, whose users see them unmarked.
   target_compile_definitions(vdicom_${name} PRIVATE VDICOM_BUILD)
-  # Tests and the static library see the same classes without import attributes.
   target_include_directories(vdicom_${name} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/Common/${name})
   target_link_libraries(vdicom_${name} PRIVATE vdicom_warnings PUBLIC ${ARG_LINKS})
   foreach(seen ${ARG_SEES})
@@ -36,14 +37,16 @@ function(vdicom_library)
   add_library(vdicom SHARED ${objects})
   add_library(vdicom_static STATIC ${objects})
   set_target_properties(vdicom PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
-  if(NOT WIN32)
-    set_target_properties(vdicom_static PROPERTIES OUTPUT_NAME vdicom)
+  if(WIN32)
+    set_target_properties(vdicom PROPERTIES PREFIX "") # vdicom.dll; its import library is libvdicom.dll.a
   endif()
+  set_target_properties(vdicom_static PROPERTIES OUTPUT_NAME vdicom)
   target_compile_definitions(vdicom_static INTERFACE VDICOM_STATIC)
   foreach(target vdicom vdicom_static)
     target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                                                 $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vdicom>)
     target_link_libraries(${target} PRIVATE ${ARG_LINKS})
+    target_compile_features(${target} INTERFACE cxx_std_17)
     add_library(vdicom::${target} ALIAS ${target})
   endforeach()
 endfunction()
