@@ -396,4 +396,7 @@ public:
 protected:
     /// The state behind the interface; for the library's own derived classes.
     vdicom::DataSetState* m_pState;
+
+private:
+    unsigned int FinishLoad(unsigned int code);
 };
