@@ -27,6 +27,14 @@ struct StreamAccess {
 
     /// Whether both streams, or a stream and the file at `path`, are one and the same file on the disk.
     static bool IsFile(const VDicomFile& file, const char* path);
+
+    /// Opens `file` for writing what `path` is to hold from CommitReplacement on; until then, and after a Close without
+    /// it, an old file stands as it was. Symbolic links are followed, permissions kept; the old file may be open for
+    /// reading, also by the data set itself, and is locked against other writers. Pipes and devices are written to
+    /// directly. GetError says why it failed.
+    static bool OpenReplacement(VDicomFile& file, const char* path);
+    /// Flushes and closes `file` and puts the new file into its place: all or nothing.
+    static bool CommitReplacement(VDicomFile& file);
 };
 
 } // namespace vdicom
