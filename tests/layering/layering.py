@@ -2,8 +2,8 @@
 """Checks the rules of the source tree: layering.py ROOT, or layering.py --selftest.
 
 - System headers and tests for a platform stand in Common/Platform alone.
-- Includes point downwards: tools -> subsystems -> data set -> dictionaries and platform. Files that call themselves
-  pure include pure files alone.
+- Includes point downwards: tools -> subsystems -> data set -> dictionaries and platform. Headers that call
+  themselves pure include pure headers alone.
 - A source has at most 900 lines (the rows of the tables aside).
 - Words that mark unfinished work, and places of one machine, do not stand in the repository.
 """
@@ -96,7 +96,7 @@ def check_includes(path, lines, headers, pure, complain):
         if below not in (folder, "include") and below not in MAY_SEE.get(folder, ()):
             complain(path, number, f"{folder} must not include from {below} ({name})")
         if path in pure and target not in pure and target != "include/VDicomTypes.h":
-            complain(path, number, f"a pure file includes {target}, which is not pure")
+            complain(path, number, f"a pure header includes {target}, which is not pure")
 
 
 def check(root):
@@ -107,9 +107,7 @@ def check(root):
 
     sources = {p: read_lines(root, p) for p in files_below(root, CODE_FOLDERS) if p.endswith((".cpp", ".h"))}
     headers = {os.path.basename(p): p for p in sources if p.endswith(".h")}
-    pure = {p for p, lines in sources.items() if is_pure(lines)}
-    # A source is as pure as the header of its name.
-    pure |= {p for p in sources if p.endswith(".cpp") and p[:-4] + ".h" in pure}
+    pure = {p for p, lines in sources.items() if p.endswith(".h") and is_pure(lines)}
     for path, lines in sources.items():
         check_includes(path, lines, headers, pure, complain)
         if len(lines) - 1 > MAX_LINES and not path.startswith("Common/tables/"):
