@@ -8,6 +8,7 @@ packages_build=(
     zlib1g-dev       # deflated transfer syntax
     libcli11-dev     # command line of the program
     libfmt-dev       # output of the program
+    rapidjson-dev    # its JSON
 )
 packages_files=(
     python3-pydicom  # 182 real DICOM files, and a peer that writes DICOM JSON
