@@ -88,14 +88,17 @@ def check_includes(path, sources, headers, pure, complain):
                     library and re.fullmatch(library, name)):
                 complain(path, number, f"<{name}>: system headers and other libraries belong to Common/Platform")
             continue
+        # Two folders may have headers of one name: what stands beside, then what the folder may see.
         beside = os.path.dirname(path) + "/" + name
-        target = beside if beside in sources else headers.get(os.path.basename(name))
-        if target is None:
+        seen = ("include", folder) + MAY_SEE.get(folder, ())
+        candidates = sorted(headers.get(os.path.basename(name), ()),
+                            key=lambda p: (p != beside, folder_of(p) not in seen))
+        if not candidates:
             complain(path, number, f'"{name}": no such header in the repository')
             continue
-        below = folder_of(target)
-        if below not in (folder, "include") and below not in MAY_SEE.get(folder, ()):
-            complain(path, number, f"{folder} must not include from {below} ({name})")
+        target = candidates[0]
+        if folder_of(target) not in seen:
+            complain(path, number, f"{folder} must not include from {folder_of(target)} ({name})")
         if path in pure and target not in pure and target != "include/VDicomTypes.h":
             complain(path, number, f"a pure header includes {target}, which is not pure")
 
@@ -107,7 +110,10 @@ def check(root):
         complaints.append(f"{path}:{number}: {text}")
 
     sources = {p: read_lines(root, p) for p in files_below(root, CODE_FOLDERS) if p.endswith((".cpp", ".h"))}
-    headers = {os.path.basename(p): p for p in sources if p.endswith(".h")}
+    headers = {}
+    for path in sources:
+        if path.endswith(".h"):
+            headers.setdefault(os.path.basename(path), []).append(path)
     pure = {p for p, lines in sources.items() if p.endswith(".h") and is_pure(lines)}
     for path, lines in sources.items():
         check_includes(path, sources, headers, pure, complain)
