@@ -121,7 +121,7 @@ TEST_F(BuiltInTables, TagsAreFoundByTheFirstMatch) {
         {0x00280410, "Rows For Nth Order Coefficients", "US", 1, 1, 1},
         {0x002804F2, "CoefficientCoding", "LO", 1, n, 1},
         {0x00203105, "Source Image IDs (Retired)", "CS", 1, n, 1},
-        {0x00090010, "SPI Release 1 - Comments", "LT", 1, 1, 1}, // not the later "Recognition Code"
+        {0x00090010, "SPI Release 1 - Comments", "LO", 1, 1, 1}, // not the later "Recognition Code"
         {0x00181622, "Shutter Presentation Value", "US", 1, 1, 2},
         {0x00041500, "Referenced File ID", "CS", 1, 8, 1},
         {0x0040A0B0, "Referenced Waveform Channels", "US", 2, n, 2},
