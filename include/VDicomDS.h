@@ -399,4 +399,5 @@ protected:
 
 private:
     unsigned int FinishLoad(unsigned int code);
+    bool StoreReferences(VDicomULong key);
 };

@@ -74,15 +74,15 @@ void DataSetState::AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong 
 }
 
 void DataSetState::ElementsGone(const DICOMELEMENT* top) {
-    if (badCount == 0 && keys.empty())
+    if (badCount == 0 && keys.IsEmpty())
         return;
     const DICOMELEMENT* e = top;
     for (;;) {
         const auto end = std::remove_if(bad.begin(), bad.begin() + static_cast<std::ptrdiff_t>(badCount),
                                         [e](const BadElement& entry) { return entry.element == e; });
         badCount = static_cast<std::size_t>(end - bad.begin());
-        if (e->nKey != 0 && e->nTag == kItem)
-            ForgetKey(e->nKey, e);
+        if (e->nKey != 0 && keys.ItemOf(e->nKey) == e)
+            keys.Remove(e->nKey);
         if (FirstChildOf(e) != nullptr) {
             e = FirstChildOf(e);
             continue;
@@ -93,14 +93,6 @@ void DataSetState::ElementsGone(const DICOMELEMENT* top) {
             return;
         e = NextOf(e);
     }
-}
-
-void DataSetState::ForgetKey(VDicomULong key, const DICOMELEMENT* record) {
-    const auto found = keys.find(key);
-    if (found == keys.end() || found->second != record)
-        return;
-    keys.erase(found);
-    nextKey = std::min(nextKey, key);
 }
 
 } // namespace vdicom

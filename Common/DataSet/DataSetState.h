@@ -4,6 +4,7 @@
 
 #include "Bytes.h"
 #include "ElementTree.h"
+#include "Keys.h"
 #include "StreamAccess.h"
 #include "TransferSyntax.h"
 #include "VDicomDS.h"
@@ -12,7 +13,6 @@
 #include <array>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace vdicom {
@@ -66,7 +66,6 @@ public:
 
     /// Called before an element and all below it are deleted: what is kept about them beside the tree is forgotten.
     void ElementsGone(const DICOMELEMENT* top);
-    void ForgetKey(VDicomULong key, const DICOMELEMENT* record);
 
     void AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string text);
 
@@ -94,9 +93,9 @@ public:
     VDicomUInt64 inflateLimit = VDicomUInt64{16} << 30;
     std::string text; ///< what texts handed out as pointers are kept in
 
-    /// Directory records: see Keys.h.
-    std::unordered_map<VDicomULong, DICOMELEMENT*> keys; ///< key number to record
-    VDicomULong nextKey = 1;                             ///< no key number below it is free
+    KeyIndex keys; ///< the directory records
+    /// The offsets of (0004,1220) are those of the stream just loaded and have not been turned into numbers yet.
+    bool keysFromOffsets = false;
 
 private:
     VDicomFile m_scratch;

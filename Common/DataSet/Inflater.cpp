@@ -89,37 +89,53 @@ unsigned int InflateStream(VDicomFile& source, VDicomUInt64 position, VDicomFile
     return DICOM_OK;
 }
 
-unsigned int DeflateStream(VDicomFile& source, VDicomUInt64 position, VDicomFile& target) {
+struct Deflater::State {
     z_stream zip{};
-    if (deflateInit2(&zip, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY) != Z_OK)
-        return DICOM_ERROR_MEMORY;
-    const std::unique_ptr<z_stream, int (*)(z_stream*)> closer(&zip, deflateEnd);
-    const auto out = std::make_unique<Buffer>();
-    const VDicomUInt64 size = StreamAccess::Size(source);
-    VDicomUInt64 at = position;
+    VDicomFile* target;
     VDicomUInt64 total = 0;
-    int status = Z_OK;
-    while (status != Z_STREAM_END) {
-        const ByteSpan in = StreamAccess::View(source, at, kBuffer);
-        if (in.size == 0 && at < size)
-            return DICOM_ERROR_READ;
-        at += in.size;
-        zip.next_in = in.data;
-        zip.avail_in = static_cast<uInt>(in.size);
-        do {
-            zip.next_out = out->data();
-            zip.avail_out = static_cast<uInt>(out->size());
-            status = deflate(&zip, at >= size ? Z_FINISH : Z_NO_FLUSH);
-            const auto made = static_cast<VDicomULong>(out->size() - zip.avail_out);
-            if (made != 0 && target.Write(out->data(), made) == 0)
-                return DICOM_ERROR_WRITE;
-            total += made;
-        } while (zip.avail_out == 0);
-    }
-    // PS3.5 A.5: padded with one zero byte to even length.
-    if ((total & 1) != 0 && target.Write("", 1) == 0)
-        return DICOM_ERROR_WRITE;
-    return DICOM_OK;
+    bool ready = false;
+    Buffer out;
+};
+
+Deflater::Deflater(VDicomFile& target) : m_state(std::make_unique<State>()) {
+    m_state->target = &target;
+    m_state->ready = deflateInit2(&m_state->zip, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8,
+                                  Z_DEFAULT_STRATEGY) == Z_OK;
+}
+
+Deflater::~Deflater() {
+    if (m_state->ready)
+        deflateEnd(&m_state->zip);
+}
+
+bool Deflater::Run(int flush) {
+    State& state = *m_state;
+    do {
+        state.zip.next_out = state.out.data();
+        state.zip.avail_out = static_cast<uInt>(state.out.size());
+        deflate(&state.zip, flush);
+        const auto made = static_cast<VDicomULong>(state.out.size() - state.zip.avail_out);
+        if (made != 0 && state.target->Write(state.out.data(), made) == 0)
+            return false;
+        state.total += made;
+    } while (state.zip.avail_out == 0);
+    return true;
+}
+
+bool Deflater::Write(const void* bytes, std::size_t size) {
+    if (!m_state->ready)
+        return false;
+    m_state->zip.next_in = static_cast<const unsigned char*>(bytes);
+    m_state->zip.avail_in = static_cast<uInt>(size);
+    return Run(Z_NO_FLUSH);
+}
+
+bool Deflater::Finish() {
+    if (!m_state->ready)
+        return false;
+    m_state->zip.avail_in = 0;
+    // PS3.5 A.5: one zero byte where the deflated data have an odd length.
+    return Run(Z_FINISH) && ((m_state->total & 1) == 0 || m_state->target->Write("", 1) != 0);
 }
 
 } // namespace vdicom

@@ -4,6 +4,7 @@
 
 #include "StreamAccess.h"
 
+#include <memory>
 #include <string>
 
 namespace vdicom {
@@ -15,8 +16,23 @@ namespace vdicom {
 unsigned int InflateStream(VDicomFile& source, VDicomUInt64 position, VDicomFile& target, const std::string& tempPath,
                            VDicomUInt64 limit, std::string& reason);
 
-/// Deflates `source` from `position` to its end and writes that to `target` at its current position, padded to even
-/// length. @return 0 or a result code
-unsigned int DeflateStream(VDicomFile& source, VDicomUInt64 position, VDicomFile& target);
+/// Deflates what is written to it into a stream, through a bounded buffer.
+class Deflater {
+public:
+    explicit Deflater(VDicomFile& target);
+    ~Deflater();
+    Deflater(const Deflater&) = delete;
+    Deflater& operator=(const Deflater&) = delete;
+
+    /// @return false when the target cannot be written
+    bool Write(const void* bytes, std::size_t size);
+    /// Ends the deflated data and pads them to even length. @return false when the target cannot be written
+    bool Finish();
+
+private:
+    struct State;
+    bool Run(int flush);
+    std::unique_ptr<State> m_state;
+};
 
 } // namespace vdicom

@@ -60,8 +60,10 @@ unsigned int VDicomDS::LoadDS(VDicomFile* stream, unsigned short flags, unsigned
 }
 
 unsigned int VDicomDS::FinishLoad(unsigned int code) {
-    if (m_pState->tree.FindChild(nullptr, kDirectoryRecords) != nullptr)
+    if (m_pState->tree.FindChild(nullptr, kDirectoryRecords) != nullptr) {
+        m_pState->keysFromOffsets = true;
         RefreshKeys();
+    }
     return code;
 }
 

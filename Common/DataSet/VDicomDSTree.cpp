@@ -39,8 +39,8 @@ void VDicomDS::ResetDS(unsigned int closeSource) {
     state.flags = DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE;
     state.identification[0] = '\0';
     state.transferSyntax.clear();
-    state.keys.clear();
-    state.nextKey = 1;
+    state.keys.Clear();
+    state.keysFromOffsets = false;
     if (closeSource != 0) {
         // A stream of the caller's is only let go of; it is his to close.
         state.loadStream.Close();

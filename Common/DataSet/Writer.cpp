@@ -1,0 +1,254 @@
+#include "Writer.h"
+
+#include "Keys.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace vdicom {
+
+namespace {
+
+constexpr Encoding kImplicitLittle{true, false};
+constexpr VDicomUInt64 kDelimiterSize = 8;
+constexpr std::size_t kChunk = 64 * 1024;
+
+unsigned short ElementVR(const DICOMELEMENT* e) {
+    if (FirstChildOf(e) != nullptr && !IsUndefinedLength(e))
+        return vr::SQ;
+    return e->nVR == 0 || e->nVR == vr::Implicit ? vr::UN : e->nVR;
+}
+
+// The raw bytes of a value as they are stored, piece by piece, in parts of at most kChunk bytes.
+template <typename Take> unsigned int ForEachPart(const DICOMELEMENT* e, Take take) {
+    for (VDicomULong piece = 0; piece < e->nCountPiece; ++piece) {
+        VDicomUInt64 at = e->pPieceOffset[piece];
+        VDicomULong left = e->pPieceSize[piece];
+        while (left != 0) {
+            const std::size_t wanted = std::min<std::size_t>(left, kChunk);
+            const ByteSpan in = StreamAccess::View(*e->pPieceStream[piece], at, wanted);
+            const std::size_t size = std::min<std::size_t>(in.size, left);
+            if (size == 0)
+                return DICOM_ERROR_READ;
+            if (!take(in.data, size))
+                return DICOM_ERROR_WRITE;
+            at += size;
+            left -= static_cast<VDicomULong>(size);
+        }
+    }
+    return DICOM_OK;
+}
+
+} // namespace
+
+Encoding Layout::EncodingFor(const DICOMELEMENT* parent, Encoding outer) const {
+    return parent != nullptr && parent->nVR == vr::UN ? kImplicitLittle : outer;
+}
+
+Encoding Layout::EncodingBelow(const DICOMELEMENT* parent) const {
+    for (const DICOMELEMENT* at = parent; at != nullptr; at = ParentOf(at)) {
+        if (at->nVR == vr::UN)
+            return kImplicitLittle;
+    }
+    return m_encoding;
+}
+
+unsigned short Layout::OutputVR(const DICOMELEMENT* e, Encoding encoding) {
+    const unsigned short code = ElementVR(e);
+    if (!encoding.explicitVR || HasLongHeader(code) || IsContainer(e) || PaddedLength(e) <= 0xFFFF)
+        return code;
+    return vr::UN;
+}
+
+VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent, Encoding encoding) const {
+    VDicomUInt64 size = 0;
+    for (const DICOMELEMENT* e = m_state.tree.FirstChild(parent); e != nullptr; e = NextOf(e)) {
+        if (!IsLeftOut(e))
+            size += SizeOf(e, encoding);
+    }
+    return size;
+}
+
+VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent) const {
+    return SizeBelow(parent, EncodingBelow(parent));
+}
+
+VDicomUInt64 Layout::SizeOf(const DICOMELEMENT* e, Encoding encoding) const {
+    const VDicomUInt64 header = HeaderSize(e->nTag, OutputVR(e, encoding), encoding);
+    if (!IsContainer(e))
+        return header + PaddedLength(e);
+    return header + SizeBelow(e, EncodingFor(e, encoding)) + kDelimiterSize;
+}
+
+VDicomUInt64 Layout::SizeOfGroup(const DICOMELEMENT* e) const {
+    const DICOMELEMENT* parent = ParentOf(e);
+    const Encoding encoding = EncodingBelow(parent);
+    const DICOMELEMENT* first = e;
+    const auto inGroup = [e](const DICOMELEMENT* other) {
+        return other != nullptr && GroupOf(other->nTag) == GroupOf(e->nTag);
+    };
+    while (inGroup(ElementOf(first->Link.pPrev)))
+        first = ElementOf(first->Link.pPrev);
+    VDicomUInt64 size = 0;
+    for (const DICOMELEMENT* at = first; inGroup(at); at = NextOf(at)) {
+        if (!IsGroupLength(at->nTag))
+            size += SizeOf(at, encoding);
+    }
+    return size;
+}
+
+VDicomUInt64 Layout::OffsetOf(const DICOMELEMENT* e) const {
+    VDicomUInt64 offset = 0;
+    for (;;) {
+        const DICOMELEMENT* parent = ParentOf(e);
+        const Encoding encoding = EncodingBelow(parent);
+        for (const DICOMELEMENT* at = m_state.tree.FirstChild(parent); at != e; at = NextOf(at)) {
+            if (!IsLeftOut(at))
+                offset += SizeOf(at, encoding);
+        }
+        if (parent == nullptr)
+            return offset;
+        offset += HeaderSize(parent->nTag, OutputVR(parent, EncodingBelow(ParentOf(parent))), EncodingBelow(ParentOf(parent)));
+        e = parent;
+    }
+}
+
+bool Writer::Put(const void* bytes, std::size_t size) {
+    if (m_deflater != nullptr)
+        return m_deflater->Write(bytes, size);
+    return m_target.Write(bytes, static_cast<VDicomULong>(size)) != 0;
+}
+
+unsigned int Writer::WriteHeader(VDicomULong tag, unsigned short vr, VDicomULong length, Encoding encoding) {
+    unsigned char header[kLongestHeader];
+    const unsigned int size = EncodeHeader(header, tag, vr, length, encoding);
+    if (size == 0)
+        return DICOM_ERROR_SIZE;
+    return Put(header, size) ? DICOM_OK : DICOM_ERROR_WRITE;
+}
+
+unsigned int Writer::WriteNumber(const DICOMELEMENT* e, VDicomUInt64 number, Encoding encoding) {
+    if (number >= DICOM_UNDEFINED)
+        return DICOM_ERROR_SIZE;
+    const bool little = encoding.littleEndian || GroupOf(e->nTag) == 2;
+    unsigned char bytes[4];
+    Put32(bytes, static_cast<std::uint32_t>(number), little);
+    const unsigned int code = WriteHeader(e->nTag, vr::UL, sizeof bytes, encoding);
+    return code != DICOM_OK || Put(bytes, sizeof bytes) ? code : static_cast<unsigned int>(DICOM_ERROR_WRITE);
+}
+
+unsigned int Writer::WriteValue(const DICOMELEMENT* e, unsigned short outputVR, Encoding encoding) {
+    const bool little = encoding.littleEndian || GroupOf(e->nTag) == 2 || (outputVR == vr::UN && e->nVR != vr::UN);
+    const unsigned int unit = little == m_state.IsLittleEndian(e) ? 1 : SwapUnit(e->nVR);
+    unsigned int code = DICOM_OK;
+    if (unit == 1) {
+        code = ForEachPart(e, [this](const unsigned char* bytes, std::size_t size) { return Put(bytes, size); });
+    } else {
+        // A unit may lie across two pieces, so the bytes are collected before they are swapped.
+        const auto buffer = std::make_unique<std::array<unsigned char, kChunk>>();
+        std::size_t held = 0;
+        const auto flush = [&] {
+            SwapUnits(buffer->data(), held, unit);
+            const bool done = Put(buffer->data(), held);
+            held = 0;
+            return done;
+        };
+        code = ForEachPart(e, [&](const unsigned char* bytes, std::size_t size) {
+            while (size != 0) {
+                const std::size_t part = std::min(size, buffer->size() - held);
+                std::memcpy(buffer->data() + held, bytes, part);
+                held += part;
+                bytes += part;
+                size -= part;
+                if (held == buffer->size() && !flush())
+                    return false;
+            }
+            return true;
+        });
+        if (code == DICOM_OK && held != 0 && !flush())
+            code = DICOM_ERROR_WRITE;
+    }
+    if (code == DICOM_OK && (e->nLength & 1) != 0) {
+        const unsigned char pad = PadByte(e->nVR);
+        code = Put(&pad, 1) ? DICOM_OK : DICOM_ERROR_WRITE;
+    }
+    return code;
+}
+
+unsigned int Writer::WriteOne(const DICOMELEMENT* e, Encoding encoding) {
+    if (IsGroupLength(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4)
+        return WriteNumber(e, m_layout.SizeOfGroup(e), encoding);
+    if (m_hasRecords && IsOffsetTag(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4) {
+        const auto record = m_records.find(e->nKey);
+        return WriteNumber(e, record == m_records.end() ? 0 : record->second, encoding);
+    }
+    const unsigned short outputVR = Layout::OutputVR(e, encoding);
+    if (!Layout::IsContainer(e)) {
+        const unsigned int code = WriteHeader(e->nTag, outputVR, Layout::PaddedLength(e), encoding);
+        return code != DICOM_OK ? code : WriteValue(e, outputVR, encoding);
+    }
+    // A value and children under one element cannot both be written.
+    if (!IsUndefinedLength(e) && e->nLength != 0)
+        return DICOM_ERROR_STRUCTURE;
+    unsigned int code = WriteHeader(e->nTag, outputVR, DICOM_UNDEFINED, encoding);
+    const Encoding inner = e->nVR == vr::UN ? kImplicitLittle : encoding;
+    if (code == DICOM_OK)
+        code = WriteLevel(e, inner);
+    if (code == DICOM_OK)
+        code = WriteHeader(e->nTag == kItem ? kItemDelimiter : kSequenceDelimiter, vr::OB, 0, inner);
+    return code;
+}
+
+unsigned int Writer::WriteLevel(const DICOMELEMENT* parent, Encoding encoding) {
+    for (const DICOMELEMENT* e = m_state.tree.FirstChild(parent); e != nullptr; e = NextOf(e)) {
+        if (m_layout.IsLeftOut(e))
+            continue;
+        if (const unsigned int code = WriteOne(e, encoding); code != DICOM_OK)
+            return code;
+    }
+    return DICOM_OK;
+}
+
+unsigned int Writer::WriteLevel(const DICOMELEMENT* parent) {
+    return WriteLevel(parent, m_layout.EncodingBelow(parent));
+}
+
+// One pass over the directory records gives the offset of each.
+void Writer::LayOutRecords(VDicomUInt64 start) {
+    const DICOMELEMENT* records = m_state.tree.FindChild(nullptr, kDirectoryRecords);
+    if (records == nullptr)
+        return;
+    m_hasRecords = true;
+    const Encoding encoding = m_layout.EncodingBelow(nullptr);
+    VDicomUInt64 offset = start + m_layout.OffsetOf(records) + HeaderSize(records->nTag, vr::SQ, encoding);
+    for (const DICOMELEMENT* item = FirstChildOf(records); item != nullptr; item = NextOf(item)) {
+        if (item->nKey != 0)
+            m_records[item->nKey] = offset;
+        offset += m_layout.SizeOf(item, encoding);
+    }
+}
+
+unsigned int Writer::WriteTop(VDicomUInt64 start, bool deflated) {
+    LayOutRecords(start);
+    const Encoding encoding = m_layout.EncodingBelow(nullptr);
+    std::unique_ptr<Deflater> deflater;
+    for (const DICOMELEMENT* e = m_state.tree.First(); e != nullptr; e = NextOf(e)) {
+        if (m_layout.IsLeftOut(e))
+            continue;
+        if (deflated && !deflater && GroupOf(e->nTag) != 2) {
+            deflater = std::make_unique<Deflater>(m_target);
+            m_deflater = deflater.get();
+        }
+        if (const unsigned int code = WriteOne(e, encoding); code != DICOM_OK)
+            return code;
+    }
+    if (deflated && !deflater) {
+        deflater = std::make_unique<Deflater>(m_target);
+        m_deflater = deflater.get();
+    }
+    m_deflater = nullptr;
+    return deflater == nullptr || deflater->Finish() ? DICOM_OK : DICOM_ERROR_WRITE;
+}
+
+} // namespace vdicom
