@@ -7,6 +7,7 @@
 
 namespace vdicom {
 class DataSetState;
+struct SavePlan;
 } // namespace vdicom
 
 /// A DICOM data set: an ordered tree of data elements with sequences (VR "SQ") and items (FFFE,E000) as inner nodes.
@@ -340,6 +341,9 @@ public:
     VDicomULong GetCountFault() const;
     /// @return non-zero when there is a fault `index`
     unsigned int GetFault(VDicomULong index, DICOMFAULT* fault) const;
+    /// The platform's number (errno, GetLastError) for what made the last load or save fail to open, read or write a
+    /// file; 0 when there was none.
+    int GetError() const;
     /// Counts the frames of Pixel Data that cannot be obtained. Null pointers are skipped.
     /// @return 1 when there is no Pixel Data or a frame is bad, else 0
     unsigned int IsBadPixelData(VDicomULong* bad, VDicomULong* good);
@@ -400,4 +404,7 @@ protected:
 private:
     unsigned int FinishLoad(unsigned int code);
     bool StoreReferences(VDicomULong key);
+    bool PrepareMeta(const vdicom::SavePlan& plan);
+    unsigned int WriteAll(VDicomFile& stream, unsigned short flags);
+    unsigned int CopyTreeDS(DICOMELEMENT* dstParent, VDicomDS& src, const DICOMELEMENT* source, bool withKeys);
 };

@@ -91,6 +91,7 @@ public:
     VDicomULong depthLimit = 128;
     VDicomULong loadLimit = DICOM_UNDEFINED;
     VDicomUInt64 inflateLimit = VDicomUInt64{16} << 30;
+    int error = 0;    ///< the platform's number for the last load or save that failed
     std::string text; ///< what texts handed out as pointers are kept in
 
     KeyIndex keys; ///< the directory records

@@ -99,8 +99,8 @@ struct Deflater::State {
 
 Deflater::Deflater(VDicomFile& target) : m_state(std::make_unique<State>()) {
     m_state->target = &target;
-    m_state->ready = deflateInit2(&m_state->zip, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8,
-                                  Z_DEFAULT_STRATEGY) == Z_OK;
+    m_state->ready =
+        deflateInit2(&m_state->zip, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY) == Z_OK;
 }
 
 Deflater::~Deflater() {

@@ -163,9 +163,7 @@ DICOMELEMENT* VDicomDS::DeleteKey(DICOMELEMENT* e) {
     return state.keys.ItemOf(result);
 }
 
-DICOMELEMENT* VDicomDS::GetItemKey(DICOMELEMENT* e) {
-    return m_pState->Check(e) ? RecordOf(*m_pState, e) : nullptr;
-}
+DICOMELEMENT* VDicomDS::GetItemKey(DICOMELEMENT* e) { return m_pState->Check(e) ? RecordOf(*m_pState, e) : nullptr; }
 
 DICOMELEMENT* VDicomDS::GetNumberKey(VDicomULong key) { return m_pState->keys.ItemOf(key); }
 

@@ -26,8 +26,10 @@ unsigned int VDicomDS::LoadDS(const char* path, unsigned short flags) {
         DataSetState& state = *m_pState;
         if (path == nullptr)
             return DICOM_ERROR_PARAMETER;
-        if (state.loadStream.Open(path, DICOM_FILE_MODE_LOAD) == 0)
+        if (state.loadStream.Open(path, DICOM_FILE_MODE_LOAD) == 0) {
+            state.error = state.loadStream.GetError();
             return DICOM_ERROR_OPEN;
+        }
         if (StreamAccess::Size(state.loadStream) == 0) {
             state.AddFault(DICOM_ERROR_READ, 0, 0, "the file is empty");
             return DICOM_ERROR_READ;
@@ -64,6 +66,8 @@ unsigned int VDicomDS::FinishLoad(unsigned int code) {
         m_pState->keysFromOffsets = true;
         RefreshKeys();
     }
+    if (code != DICOM_OK)
+        m_pState->error = m_pState->source->GetError();
     return code;
 }
 
@@ -141,6 +145,8 @@ unsigned int VDicomDS::FixBadElements() {
 void VDicomDS::SetLoadLimit(VDicomULong tag) { m_pState->loadLimit = tag; }
 
 void VDicomDS::SetInflateLimit(VDicomUInt64 bytes) { m_pState->inflateLimit = bytes; }
+
+int VDicomDS::GetError() const { return m_pState->error; }
 
 VDicomULong VDicomDS::GetCountFault() const { return static_cast<VDicomULong>(m_pState->faults.size()); }
 

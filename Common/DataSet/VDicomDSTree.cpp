@@ -48,6 +48,7 @@ void VDicomDS::ResetDS(unsigned int closeSource) {
         state.source = &state.loadStream;
     }
     state.badCount = 0;
+    state.error = 0;
     state.faults.clear();
 }
 

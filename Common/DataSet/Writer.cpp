@@ -70,9 +70,7 @@ VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent, Encoding encoding) co
     return size;
 }
 
-VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent) const {
-    return SizeBelow(parent, EncodingBelow(parent));
-}
+VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent) const { return SizeBelow(parent, EncodingBelow(parent)); }
 
 VDicomUInt64 Layout::SizeOf(const DICOMELEMENT* e, Encoding encoding) const {
     const VDicomUInt64 header = HeaderSize(e->nTag, OutputVR(e, encoding), encoding);
@@ -109,7 +107,8 @@ VDicomUInt64 Layout::OffsetOf(const DICOMELEMENT* e) const {
         }
         if (parent == nullptr)
             return offset;
-        offset += HeaderSize(parent->nTag, OutputVR(parent, EncodingBelow(ParentOf(parent))), EncodingBelow(ParentOf(parent)));
+        offset += HeaderSize(parent->nTag, OutputVR(parent, EncodingBelow(ParentOf(parent))),
+                             EncodingBelow(ParentOf(parent)));
         e = parent;
     }
 }

@@ -13,7 +13,8 @@ namespace vdicom {
 /// How the tree is encoded: what both the layout and the writer go by.
 class Layout {
 public:
-    Layout(const DataSetState& state, Encoding encoding, bool bare) : m_state(state), m_encoding(encoding), m_bare(bare) {}
+    Layout(const DataSetState& state, Encoding encoding, bool bare)
+        : m_state(state), m_encoding(encoding), m_bare(bare) {}
 
     /// The encoding of what stands below `parent` (null: top level).
     Encoding EncodingBelow(const DICOMELEMENT* parent) const;
@@ -24,7 +25,9 @@ public:
     /// The value's length, made even.
     static VDicomULong PaddedLength(const DICOMELEMENT* e) { return e->nLength + (e->nLength & 1); }
     /// Whether the top level leaves an element out.
-    bool IsLeftOut(const DICOMELEMENT* e) const { return m_bare && e->Link.pParent == nullptr && GroupOf(e->nTag) == 2; }
+    bool IsLeftOut(const DICOMELEMENT* e) const {
+        return m_bare && e->Link.pParent == nullptr && GroupOf(e->nTag) == 2;
+    }
 
     /// Header, value or content, and delimiter of one element.
     VDicomUInt64 SizeOf(const DICOMELEMENT* e, Encoding encoding) const;

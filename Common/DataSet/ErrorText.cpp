@@ -1,0 +1,60 @@
+#include "VDicomTypes.h"
+
+const char* GetErrorText(unsigned int code) {
+    switch (code) {
+    case DICOM_OK:
+        return "Done.";
+    case DICOM_ERROR_MEMORY:
+        return "Memory could not be allocated.";
+    case DICOM_ERROR_OPEN:
+        return "The file could not be opened or created.";
+    case DICOM_ERROR_READ:
+        return "The stream ended, or could not be read, in the middle of an element.";
+    case DICOM_ERROR_WRITE:
+        return "The stream could not be written.";
+    case DICOM_ERROR_STRUCTURE:
+        return "Sequences, items, lengths and delimiters do not fit together.";
+    case DICOM_ERROR_END:
+        return "The stream ended where the next element was expected.";
+    case DICOM_ERROR_LENGTH:
+        return "A value has an odd length where that cannot be accepted.";
+    case DICOM_ERROR_PARAMETER:
+        return "An argument is wrong, or arguments do not go together.";
+    case DICOM_ERROR_FORMAT:
+        return "This is no DICOM data set.";
+    case DICOM_BAD_ELEMENT:
+        return "The value has an odd length; it was padded.";
+    case DICOM_ERROR_DEPTH:
+        return "Sequences are nested more deeply than the limit allows.";
+    case DICOM_ERROR_SIZE:
+        return "A stream or value is larger than this build or the encoding can hold.";
+    case DICOM_ERROR_DEFLATE:
+        return "The deflated data are damaged, or inflate beyond the limit.";
+    case DICOM_ERROR_UNSUPPORTED:
+        return "The pixel data would have to be compressed or decompressed, which is not done here.";
+    case DICOM_INVALID_ELEMENT:
+        return "The element is not one of this data set, or has no value.";
+    case DICOM_FAULT_TRANSFER_SYNTAX:
+        return "The data set is not encoded as its Transfer Syntax UID says.";
+    case DICOM_FAULT_NO_TRANSFER_SYNTAX:
+        return "The file meta information has no Transfer Syntax UID.";
+    case DICOM_FAULT_META:
+        return "The file meta information is not formed as it must be.";
+    case DICOM_FAULT_ORDER:
+        return "An element is out of ascending tag order.";
+    case DICOM_FAULT_DOUBLED:
+        return "A tag stands twice at one level.";
+    case DICOM_FAULT_VR:
+        return "A header has an unknown VR, or none where one must be.";
+    case DICOM_FAULT_DELIMITER:
+        return "A delimiter is missing, or one too many.";
+    case DICOM_FAULT_ITEM:
+        return "An item stands outside a sequence, or something else inside one.";
+    case DICOM_FAULT_LENGTH:
+        return "A length runs past the end of the enclosing element.";
+    case DICOM_FAULT_TRUNCATED:
+        return "A value is cut off by the end of the stream.";
+    default:
+        return "This code is not known.";
+    }
+}
