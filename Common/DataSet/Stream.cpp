@@ -276,14 +276,11 @@ bool Stream::Seek(std::int64_t offset, unsigned short origin) {
 /// Reads on so that the window holds `wanted` bytes at `position` or all up to the end of the file.
 bool Stream::Fill(std::uint64_t position, std::size_t wanted) {
     const std::uint64_t windowEnd = m_windowStart + m_windowSize;
-    const bool onward = m_windowSize != 0 && position >= m_windowStart && position <= windowEnd;
-    std::size_t kept = 0; // bytes of the window that are of use still
-    if (onward) {
-        kept = static_cast<std::size_t>(windowEnd - position);
-        m_nextRead = std::min(m_nextRead * 2, kBuffer);
-    } else {
-        m_nextRead = m_windowCapacity == 0 || position == 0 ? kFirstRead : kJumpRead;
-    }
+    // Stepping over a short value is reading on; only a far jump starts small again.
+    const bool onward = m_windowSize != 0 && position >= m_windowStart && position <= windowEnd + kJumpRead;
+    m_nextRead = onward ? std::min(m_nextRead * 2, kBuffer) : position == 0 ? kFirstRead : kJumpRead;
+    // Bytes of the window that are of use still.
+    const std::size_t kept = onward && position < windowEnd ? static_cast<std::size_t>(windowEnd - position) : 0;
     const std::uint64_t left = m_fileSize - position;
     std::size_t reach = std::max(wanted, std::min(kept + m_nextRead, kBuffer));
     // The rest of a small file in one go.

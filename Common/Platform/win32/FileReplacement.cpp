@@ -84,41 +84,30 @@ int FileReplacement::Begin(const char* path, File& file) {
     const std::wstring wide = WidePath(path);
     if (wide.empty())
         return ERROR_FILE_NOT_FOUND;
-    // The handle that keeps other writers away must let the file be read, moved and deleted.
-    const HANDLE old = CreateFileW(wide.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                                   OPEN_EXISTING, 0, nullptr);
-    if (old == INVALID_HANDLE_VALUE) {
-        const int error = LastError();
-        if (error != ERROR_FILE_NOT_FOUND) {
-            // The data set itself may be reading the file, which a writer's handle does not go together with. Whether
-            // it may be written to shows when it is replaced.
-            const DWORD attributes = GetFileAttributesW(wide.c_str());
-            if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-                return NumberOf(FileRefusal::directory);
-            if (error != ERROR_SHARING_VIOLATION || (attributes & FILE_ATTRIBUTE_READONLY) != 0)
-                return error;
-            const HANDLE moved =
-                CreateFileW(wide.c_str(), DELETE | GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-            if (moved == INVALID_HANDLE_VALUE)
-                return LastError();
-            m_old.m_handle = reinterpret_cast<std::intptr_t>(moved);
-        }
-    } else {
+    std::wstring target = FullPath(wide);
+    if (target.starts_with(L"\\\\.\\")) { // a pipe or a device
+        const int error = file.Open(path, {false, true, false, false});
+        m_direct = m_active = error == 0;
+        return error;
+    }
+    // The handle to the old file keeps out who wants to write, to replace or to delete; the data set itself and others
+    // that share deletion may read on.
+    const HANDLE old =
+        CreateFileW(wide.c_str(), GENERIC_READ | DELETE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const int error = old != INVALID_HANDLE_VALUE ? 0 : LastError();
+    const DWORD attributes = GetFileAttributesW(wide.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return NumberOf(FileRefusal::directory);
+    if (error != 0 && error != ERROR_FILE_NOT_FOUND)
+        return error;
+    if (error == 0) {
         m_old.m_handle = reinterpret_cast<std::intptr_t>(old);
-        const int error = m_old.Inspect({false, true, false, false});
-        if (error != 0) {
+        target = TargetOf(old, target);
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
             m_old.Close();
-            return error;
-        }
-        if (m_old.Kind() != FileKind::regular) {
-            file.Swap(m_old);
-            m_direct = m_active = true;
-            return 0;
+            return ERROR_ACCESS_DENIED;
         }
     }
-    std::wstring target = FullPath(wide);
-    if (m_old.IsOpen())
-        target = TargetOf(Handle(m_old.m_handle), target);
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::wstring name = NewName(target);
         const HANDLE handle = CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
@@ -132,16 +121,16 @@ int FileReplacement::Begin(const char* path, File& file) {
         m_target = FromWide(target.c_str());
         m_temporary = FromWide(name.c_str());
         m_active = true;
-        const int error = file.Adopt(reinterpret_cast<std::intptr_t>(handle), {false, true, true, false});
-        if (error != 0) {
+        const int adopted = file.Adopt(reinterpret_cast<std::intptr_t>(handle), {false, true, true, false});
+        if (adopted != 0) {
             CloseHandle(handle);
             Abandon();
         }
-        return error;
+        return adopted;
     }
-    const int error = LastError();
+    const int failed = LastError();
     m_old.Close();
-    return error;
+    return failed;
 }
 
 int FileReplacement::Commit(File& file) {
