@@ -44,6 +44,12 @@ packages_tidy=(
     clang-format
 )
 
+packages_bench=(
+    time             # peak memory in bench/peers.sh
+    dcmtk
+    libgdcm-tools
+)
+
 packages_missing() {
     local name
     for name in "$@"; do

@@ -57,6 +57,22 @@ else()
   message(STATUS "pkg-config is not installed: that way was not tried")
 endif()
 
+# The first program of the README is one.
+file(READ ${README} readme)
+string(FIND "${readme}" "```cpp\n" from)
+string(SUBSTRING "${readme}" ${from} -1 readme)
+string(REGEX REPLACE "^```cpp\n" "" readme "${readme}")
+string(FIND "${readme}" "```" to)
+string(SUBSTRING "${readme}" 0 ${to} readme)
+file(WRITE ${WORK_DIR}/readme.cpp "${readme}")
+separate_arguments(flags UNIX_COMMAND "${CXX_FLAGS}")
+run("compile (README)" ${CXX_COMPILER} -std=c++17 ${flags} ${WORK_DIR}/readme.cpp -o ${WORK_DIR}/readme
+  -I${prefix}/include/vdicom -L${prefix}/${LIBDIR} -lvdicom -Wl,-rpath,${prefix}/${LIBDIR})
+run("run (README)" ${WORK_DIR}/readme ${WORK_DIR}/outside.dcm)
+if(NOT output MATCHES "00100010 Patient's Name")
+  message(FATAL_ERROR "the README's program printed:\n${output}")
+endif()
+
 # The shared library has its SONAME, and the program runs from where it was installed.
 file(GLOB soname ${prefix}/${LIBDIR}/libvdicom.so.[0-9])
 if(NOT soname)
@@ -64,7 +80,7 @@ if(NOT soname)
 endif()
 if(PROGRAM)
   run("program" ${prefix}/bin/vdicom dump ${WORK_DIR}/outside.dcm)
-  if(NOT output MATCHES "Outside")
+  if(NOT output MATCHES "Doe\\^Jane") # as the README's program left it
     message(FATAL_ERROR "the program did not show the file:\n${output}")
   endif()
 endif()
