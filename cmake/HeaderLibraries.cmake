@@ -1,5 +1,5 @@
-# Header-only libraries of the program: CLI11::CLI11, fmt::fmt-header-only and rapidjson::rapidjson. Their headers are the same for
-# every target, so cross builds take the build machine's through a folder of links of their own: adding all of
+# Header-only libraries of the program: CLI11::CLI11, fmt::fmt-header-only, rapidjson::rapidjson. Their headers are the
+# same for every target, so cross builds take the build machine's through a folder of links of their own: adding all of
 # /usr/include would put glibc's headers before the target's.
 function(vdicom_header_library target folder header)
   if(TARGET ${target})
