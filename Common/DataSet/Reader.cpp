@@ -137,7 +137,7 @@ unsigned int Reader::ReadHeader(ElementHeader& header) {
 unsigned int Reader::StepHeader() {
     if (m_meta && Top().kind == Kind::top) {
         const ByteSpan in = StreamAccess::View(*m_stream, m_position, 2);
-        if (in.size == 2 && Get16(in.data, true) != 2) {
+        if (in.size >= 2 && Get16(in.data, true) != 2) {
             LeaveMeta();
             if (m_syntax.deflated)
                 return Inflate();
@@ -359,7 +359,7 @@ unsigned int Reader::AddUndefined(DICOMELEMENT* e, const ElementHeader& header, 
         // Implicit VR little endian inside (PS3.5 6.2.2); some write it explicit all the same.
         encoding = {true, false};
         const ByteSpan in = StreamAccess::View(*m_stream, value + 8, kLongestHeader);
-        if (in.size == kLongestHeader &&
+        if (in.size >= kLongestHeader &&
             VDicomTagCode(Get16(in.data, true), Get16(in.data + 2, true)) != kSequenceDelimiter) {
             bool sure = false;
             encoding = DetectEncoding(in, m_size - value - 8, encoding, sure);

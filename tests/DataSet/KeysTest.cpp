@@ -45,7 +45,7 @@ TEST(Keys, RecordsAreWrittenWithOffsetsAndFoundAgain) {
     VDicomDS dataSet;
     Build(dataSet);
     EXPECT_EQ(Outline(dataSet, nullptr), kOutline);
-    for (const unsigned short flags : {0x25, 0x15, 0x29, 0x2025}) {
+    for (const unsigned short flags : std::initializer_list<unsigned short>{0x25, 0x15, 0x29, 0x2025}) {
         const Bytes bytes = Save(dataSet, flags);
         VDicomDS read;
         ASSERT_EQ(Load(read, bytes, DICOM_FLAG_OFFSETS), kDone);

@@ -1,6 +1,7 @@
 // Loading: headers as bytes, every encoding, and what a reader must put up with.
 #include "ElementHeader.h"
 #include "HexBytes.h"
+#include "VRTraits.h"
 
 #include <gmock/gmock.h>
 
@@ -228,7 +229,7 @@ TEST(Reader, OddLengthsArePaddedInFilesAndRefusedInStreams) {
         many[many.size() - 11] = static_cast<unsigned char>(i);
     }
     EXPECT_EQ(Load(dataSet, Part10(kExplicit, many)), static_cast<unsigned int>(DICOM_ERROR_LENGTH));
-    many.resize(many.size() - 13);
+    many = Bytes(many.begin(), many.end() - 13);
     EXPECT_EQ(Load(dataSet, Part10(kExplicit, many)), kDone);
 }
 
@@ -251,9 +252,10 @@ TEST(Reader, WhatIsNoDataSetIsRefused) {
 }
 
 TEST(Reader, DepthLimitLoadLimitAndOffsets) {
+    const Bytes open = "0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 FFFFFFFF"_bytes;
     Bytes nested;
     for (int i = 0; i < 10000; ++i)
-        nested = nested + "0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 FFFFFFFF"_bytes;
+        nested.insert(nested.end(), open.begin(), open.end());
     VDicomDS dataSet;
     EXPECT_EQ(Load(dataSet, Part10(kExplicit, nested)), static_cast<unsigned int>(DICOM_ERROR_DEPTH));
     EXPECT_EQ(Faults(dataSet).back(), static_cast<unsigned int>(DICOM_ERROR_DEPTH));
@@ -313,8 +315,9 @@ TEST(Reader, SurvivesCutsAndChangedBytes) {
         const Bytes part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
         const unsigned int code = Load(dataSet, part);
         Describe(dataSet);
-        if (size == whole.size())
+        if (size == whole.size()) {
             EXPECT_EQ(code, kDone);
+        }
     }
     for (std::size_t at = 128; at < whole.size(); ++at) {
         for (const int value : {0, 1, 0x7F, 0x80, 0xFE, 0xFF}) {

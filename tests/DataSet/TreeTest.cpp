@@ -181,7 +181,7 @@ TEST(Tree, WideLevelsAreThoseOfThePlainRules) {
         VDicomDS dataSet;
         std::map<VDicomULong, DICOMELEMENT*> model;
         for (int step = 0; step < 4000; ++step) {
-            const VDicomULong tag = 0x00110010 + random() % 700;
+            const VDicomULong tag = static_cast<VDicomULong>(0x00110010 + random() % 700);
             if (random() % 3 != 0) {
                 DICOMELEMENT* e = dataSet.InsertElement(nullptr, 0, tag, vdicom::vr::LO, 0, 0);
                 ASSERT_EQ(e == nullptr, model.count(tag) != 0);
@@ -191,7 +191,7 @@ TEST(Tree, WideLevelsAreThoseOfThePlainRules) {
                 dataSet.DeleteElement(found->second);
                 model.erase(found);
             }
-            const VDicomULong sought = 0x00110010 + random() % 700;
+            const VDicomULong sought = static_cast<VDicomULong>(0x00110010 + random() % 700);
             const auto found = model.find(sought);
             ASSERT_EQ(dataSet.FindFirstElement(nullptr, sought, 1), found == model.end() ? nullptr : found->second);
         }

@@ -6,6 +6,7 @@
 
 #include <cctype>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -87,8 +88,13 @@ inline std::string Describe(VDicomDS& dataSet, VDicomULong from = 0) {
     return text;
 }
 
+/// Loads a copy of the bytes, which is kept until the same data set is loaded again.
 inline unsigned int Load(VDicomDS& dataSet, const Bytes& bytes, unsigned short flags = 0) {
-    return dataSet.LoadDSMemory(bytes.data(), static_cast<VDicomULong>(bytes.size()), flags);
+    static std::map<const VDicomDS*, Bytes> kept;
+    Bytes copy(bytes);
+    const unsigned int code = dataSet.LoadDSMemory(copy.data(), static_cast<VDicomULong>(copy.size()), flags);
+    kept[&dataSet].swap(copy);
+    return code;
 }
 
 /// What SaveDS writes, through a memory stream; empty when it fails.
