@@ -122,7 +122,7 @@ protected:
 
     void FreeText(char* text) {
         if (!m_block.Holds(text))
-            delete[] text;
+            delete[] text; // NOLINT(clang-analyzer-cplusplus.NewDelete): cannot tell that the block's texts differ
     }
 
     void* Allocate(std::size_t size) override {

@@ -108,26 +108,25 @@ TEST_F(BuiltInTables, TagsHaveTheirRowsInOrder) {
 
 TEST_F(BuiltInTables, TagsAreFoundByTheFirstMatch) {
     struct Expected {
-        VDicomULong tag;
         const char* name;
         const char* vr;
-        VDicomULong minVM, maxVM, divideVM;
+        VDicomULong tag, minVM, maxVM, divideVM;
     };
     const Expected rows[] = {
-        {0x00100010, "Patient's Name", "PN", 1, 1, 1},
-        {0x60020010, "Overlay Rows", "US", 1, 1, 1},
-        {0x60010010, "Overlay Rows", "US", 1, 1, 1}, // the mask does not tell odd groups from even ones
-        {0x60FE0050, "Overlay Origin", "SS", 2, 2, 2},
-        {0x00280410, "Rows For Nth Order Coefficients", "US", 1, 1, 1},
-        {0x002804F2, "CoefficientCoding", "LO", 1, n, 1},
-        {0x00203105, "Source Image IDs (Retired)", "CS", 1, n, 1},
-        {0x00090010, "SPI Release 1 - Comments", "LO", 1, 1, 1}, // not the later "Recognition Code"
-        {0x00181622, "Shutter Presentation Value", "US", 1, 1, 2},
-        {0x00041500, "Referenced File ID", "CS", 1, 8, 1},
-        {0x0040A0B0, "Referenced Waveform Channels", "US", 2, n, 2},
-        {0x7FE00010, "Pixel Data", "OW", 1, 1, 1}, // not "Variable Pixel Data", which would match too
-        {0x7F020010, "Variable Pixel Data", "OW", 1, 1, 1},
-        {0xFFFEE000, "Item", "OB", 1, 1, 1},
+        {"Patient's Name", "PN", 0x00100010, 1, 1, 1},
+        {"Overlay Rows", "US", 0x60020010, 1, 1, 1},
+        {"Overlay Rows", "US", 0x60010010, 1, 1, 1}, // the mask does not tell odd groups from even ones
+        {"Overlay Origin", "SS", 0x60FE0050, 2, 2, 2},
+        {"Rows For Nth Order Coefficients", "US", 0x00280410, 1, 1, 1},
+        {"CoefficientCoding", "LO", 0x002804F2, 1, n, 1},
+        {"Source Image IDs (Retired)", "CS", 0x00203105, 1, n, 1},
+        {"SPI Release 1 - Comments", "LO", 0x00090010, 1, 1, 1}, // not the later "Recognition Code"
+        {"Shutter Presentation Value", "US", 0x00181622, 1, 1, 2},
+        {"Referenced File ID", "CS", 0x00041500, 1, 8, 1},
+        {"Referenced Waveform Channels", "US", 0x0040A0B0, 2, n, 2},
+        {"Pixel Data", "OW", 0x7FE00010, 1, 1, 1}, // not "Variable Pixel Data", which would match too
+        {"Variable Pixel Data", "OW", 0x7F020010, 1, 1, 1},
+        {"Item", "OB", 0xFFFEE000, 1, 1, 1},
     };
     for (const Expected& row : rows) {
         const DICOMTAG* tag = VDicomTag::Find(row.tag);
