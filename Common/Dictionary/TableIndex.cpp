@@ -114,21 +114,24 @@ bool MaskedIndex::Add(std::uint32_t code, std::uint32_t mask, IndexLink* link) {
         }
         known = m_masks.end() - 1;
     }
+    ++known->entries;
     const bool added = m_index.Add(MaskedKey(code, mask), link);
-    if (added)
-        ++known->entries;
-    else if (known->entries == 0)
-        m_masks.erase(known);
+    if (!added)
+        Leave(mask);
     return added;
 }
 
-void MaskedIndex::Remove(std::uint32_t code, std::uint32_t mask, IndexLink* link) {
-    m_index.Remove(MaskedKey(code, mask), link);
+void MaskedIndex::Leave(std::uint32_t mask) {
     auto known = std::find_if(m_masks.begin(), m_masks.end(), [mask](const Mask& m) { return m.mask == mask; });
     if (known != m_masks.end() && --known->entries == 0)
         m_masks.erase(known);
     if (m_masks.empty())
         std::vector<Mask>().swap(m_masks);
+}
+
+void MaskedIndex::Remove(std::uint32_t code, std::uint32_t mask, IndexLink* link) {
+    m_index.Remove(MaskedKey(code, mask), link);
+    Leave(mask);
 }
 
 IndexLink* MaskedIndex::Find(std::uint32_t value) const {

@@ -63,6 +63,9 @@ private:
         std::uint64_t order; ///< no entry with this mask has a smaller order
         std::size_t entries;
     };
+    /// One entry fewer has this mask.
+    void Leave(std::uint32_t mask);
+
     std::vector<Mask> m_masks; ///< in ascending `order`
     TableIndex m_index;
 };

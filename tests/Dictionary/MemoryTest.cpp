@@ -1,0 +1,162 @@
+// The tables when memory runs out at the n-th allocation, and that they give all of it back. The allocation functions
+// of the whole test program are replaced here.
+#include "VDicomTag.h"
+#include "VDicomUID.h"
+#include "VDicomVR.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+namespace {
+
+std::atomic<long> g_blocks{0};
+std::atomic<long> g_allocations{0};
+thread_local long g_failAfter = -1; ///< allocations of this thread that still succeed; -1: all
+
+void* TakeMemory(std::size_t size) noexcept {
+    if (g_failAfter == 0)
+        return nullptr;
+    if (g_failAfter > 0)
+        --g_failAfter;
+    void* block = std::malloc(size == 0 ? 1 : size);
+    if (block != nullptr) {
+        ++g_blocks;
+        ++g_allocations;
+    }
+    return block;
+}
+
+void GiveMemory(void* block) noexcept {
+    if (block != nullptr)
+        --g_blocks;
+    std::free(block);
+}
+
+void* TakeOrThrow(std::size_t size) {
+    void* block = TakeMemory(size);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    return block;
+}
+
+} // namespace
+
+// NOLINTBEGIN(misc-new-delete-overloads)
+void* operator new(std::size_t size) { return TakeOrThrow(size); }
+void* operator new[](std::size_t size) { return TakeOrThrow(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return TakeMemory(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return TakeMemory(size); }
+void operator delete(void* block) noexcept { GiveMemory(block); }
+void operator delete[](void* block) noexcept { GiveMemory(block); }
+void operator delete(void* block, std::size_t) noexcept { GiveMemory(block); }
+void operator delete[](void* block, std::size_t) noexcept { GiveMemory(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { GiveMemory(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { GiveMemory(block); }
+// NOLINTEND(misc-new-delete-overloads)
+
+namespace {
+
+class TableMemory : public testing::Test {
+protected:
+    ~TableMemory() override { Fill(); }
+    static void Fill() {
+        VDicomVR::Default();
+        VDicomUID::Default();
+        VDicomTag::Default();
+    }
+    static void Empty() {
+        VDicomVR::Reset();
+        VDicomUID::Reset();
+        VDicomTag::Reset();
+    }
+    /// Calls `operation` with memory for 0, 1, 2 ... allocations until it returns true, and `check` after each failure.
+    /// @return how often it failed
+    template <class Operation, class Check> static int FailEachTime(Operation operation, Check check) {
+        for (int allocations = 0; allocations < 20; ++allocations) {
+            const long blocks = g_blocks;
+            g_failAfter = allocations;
+            const bool done = operation();
+            g_failAfter = -1;
+            if (done)
+                return allocations;
+            const long left = g_blocks - blocks;
+            check();
+            EXPECT_LE(left, 0) << "memory was kept after " << allocations << " allocations";
+        }
+        ADD_FAILURE() << "never succeeded";
+        return -1;
+    }
+};
+
+TEST_F(TableMemory, IsGivenBackAndTakenInFewBlocks) {
+    Empty();
+    const long empty = g_blocks;
+    const long before = g_allocations;
+    Fill();
+    EXPECT_LE(g_allocations - before, 20) << "nodes and texts come in blocks";
+    Fill();
+    VDicomTag::SetName(VDicomTag::Find(0x00100010), "a name of its own");
+    VDicomUID::SetName(VDicomUID::GetFirst(), "another");
+    VDicomTag::Delete(VDicomTag::Find(0x00100010));
+    VDicomTag::Delete(VDicomTag::GetFirst());
+    VDicomVR::Delete(VDicomVR::GetFirst());
+    VDicomTag::Insert(0x00090001, 0xFFFFFFFF, "inserted", 0, 1, 1, 1);
+    VDicomUID::Insert("1.2.3", "inserted", 0);
+    Empty();
+    EXPECT_EQ(empty, g_blocks);
+}
+
+TEST_F(TableMemory, RunningOutInInsertLeavesTheListsAsTheyWere) {
+    Empty();
+    int failures = FailEachTime([] { return VDicomTag::Insert(1, 0xFFFFFFFF, "one", 0, 1, 1, 1) != nullptr; },
+                                [] {
+                                    EXPECT_EQ(nullptr, VDicomTag::GetFirst());
+                                    EXPECT_EQ(nullptr, VDicomTag::Find(1));
+                                });
+    EXPECT_EQ(4, failures) << "node, name, list of masks and index";
+    EXPECT_STREQ("one", VDicomTag::Find(1)->pszName);
+    failures = FailEachTime([] { return VDicomTag::Insert(0x100, 0xFFFFFF00, "range", 0, 1, 1, 1) != nullptr; },
+                            [] { EXPECT_EQ(nullptr, VDicomTag::Find(0x123)); });
+    EXPECT_GE(failures, 3);
+    EXPECT_STREQ("range", VDicomTag::Find(0x123)->pszName);
+    EXPECT_EQ(nullptr, VDicomTag::Find(0x223));
+
+    failures = FailEachTime([] { return VDicomUID::Insert("1.2.3", "uid", 0) != nullptr; },
+                            [] {
+                                EXPECT_EQ(nullptr, VDicomUID::GetFirst());
+                                EXPECT_EQ(nullptr, VDicomUID::Find("1.2.3"));
+                            });
+    EXPECT_EQ(4, failures) << "node, both texts and index";
+    failures = FailEachTime([] { return VDicomVR::Insert(7, "vr", 0, 0, 0) != nullptr; },
+                            [] { EXPECT_EQ(nullptr, VDicomVR::GetFirst()); });
+    EXPECT_EQ(3, failures);
+
+    const std::string longName(100, 'x');
+    failures = FailEachTime([&] { return VDicomTag::SetName(VDicomTag::Find(1), longName.c_str()) != 0; },
+                            [] { EXPECT_STREQ("one", VDicomTag::Find(1)->pszName); });
+    EXPECT_EQ(1, failures);
+    EXPECT_EQ(longName, VDicomTag::Find(1)->pszName);
+}
+
+TEST_F(TableMemory, RunningOutInDefaultLosesRowsAndNothingElse) {
+    Empty();
+    for (const long allocations : {0L, 1L, 2L, 3L, 9L, 100L}) {
+        g_failAfter = allocations;
+        Fill();
+        g_failAfter = -1;
+        VDicomULong rows = 0;
+        for (DICOMTAG* tag = VDicomTag::GetFirst(); tag != nullptr; tag = VDicomTag::GetNext(tag), ++rows)
+            ASSERT_NE(nullptr, VDicomTag::Find(tag->nCode));
+        EXPECT_LE(rows, 2178U);
+        EXPECT_EQ(allocations == 100 ? 2178U : rows, rows);
+    }
+    Fill();
+    EXPECT_EQ(2178U, VDicomTag::m_InfoTag.GetCount(nullptr, 1));
+    EXPECT_EQ(160U, VDicomUID::m_InfoUID.GetCount(nullptr, 1));
+}
+
+} // namespace
