@@ -351,8 +351,9 @@ bool StoreText(DataSetState& state, DICOMELEMENT* e, std::string_view bytes) {
            StoreValue(state, e, bytes.data(), static_cast<VDicomULong>(bytes.size())) == DICOM_OK;
 }
 
-bool EncodeTypedValue(DataSetState& state, DICOMELEMENT* e, const void* values, VDicomULong count, bool range) {
-    const ValueForm form = FindValueForm(e->nVR);
+bool EncodeTypedValue(DataSetState& state, DICOMELEMENT* e, unsigned short code, const void* values, VDicomULong count,
+                      bool range) {
+    const ValueForm form = FindValueForm(code);
     const bool hasRanges =
         form.kind == ValueKind::Dates || form.kind == ValueKind::Times || form.kind == ValueKind::DateTimes;
     if ((values == nullptr && count != 0) || count == DICOM_UNDEFINED || (range && !hasRanges))

@@ -86,7 +86,8 @@ private:
 /// Stores `bytes` as the value, or refuses what is longer than a value can be.
 bool StoreText(DataSetState& state, DICOMELEMENT* e, std::string_view bytes);
 
-/// VDicomDS::SetTypeValue for an element of defined length. No exceptions.
-bool EncodeTypedValue(DataSetState& state, DICOMELEMENT* e, const void* values, VDicomULong count, bool range);
+/// VDicomDS::SetTypeValue for an element of defined length; `code` is the VR that the values have. No exceptions.
+bool EncodeTypedValue(DataSetState& state, DICOMELEMENT* e, unsigned short code, const void* values, VDicomULong count,
+                      bool range);
 
 } // namespace vdicom

@@ -62,7 +62,7 @@ unsigned int SetValues(DataSetState& state, DICOMELEMENT* e, const void* values,
                        bool range = false) {
     if (!state.Check(e) || e == nullptr || IsUndefinedLength(e) || !IsOfType(e->nVR, type))
         return 0;
-    return EncodeTypedValue(state, e, values, count, range) ? 1 : 0;
+    return EncodeTypedValue(state, e, e->nVR, values, count, range) ? 1 : 0;
 }
 
 // Hands out value number `index` of a text.
@@ -252,7 +252,7 @@ unsigned int VDicomDS::SetLong64Value(DICOMELEMENT* e, const VDicomUInt64* value
         (values == nullptr && count != 0) || count == DICOM_UNDEFINED)
         return 0;
     if (e->nVR != vr::IS)
-        return EncodeTypedValue(*m_pState, e, values, count, false) ? 1 : 0;
+        return EncodeTypedValue(*m_pState, e, e->nVR, values, count, false) ? 1 : 0;
     try {
         TextJoiner joiner;
         for (VDicomULong i = 0; i < count; ++i) {
@@ -273,7 +273,7 @@ unsigned int VDicomDS::GetTypeValue(DICOMELEMENT* e) {
 unsigned int VDicomDS::SetTypeValue(DICOMELEMENT* e, const void* values, VDicomULong count, unsigned int range) {
     if (!m_pState->Check(e) || e == nullptr || IsUndefinedLength(e))
         return 0;
-    return EncodeTypedValue(*m_pState, e, values, count, range != 0) ? 1 : 0;
+    return EncodeTypedValue(*m_pState, e, e->nVR, values, count, range != 0) ? 1 : 0;
 }
 
 unsigned int VDicomDS::FindGetValue(DICOMELEMENT* parent, VDicomULong tag, unsigned short type, void* out,
@@ -310,12 +310,14 @@ unsigned int VDicomDS::FindSetValue(DICOMELEMENT* parent, VDicomULong tag, unsig
     if (!m_pState->Check(parent))
         return 0;
     DICOMELEMENT* e = m_pState->tree.FindChild(parent, tag);
-    if (e != nullptr) {
-        // Values of another form would be taken for what they are not.
-        if (vr != 0 && FindValueForm(vr).kind != FindValueForm(e->nVR).kind)
+    if (e != nullptr && vr != 0 && FindValueForm(vr).kind != FindValueForm(e->nVR).kind) {
+        // Values of another form would be taken for what they are not; "UN" holds any text.
+        if ((e->nVR != vdicom::vr::UN && e->nVR != 0) || IsBinary(FindValueForm(vr).kind) || IsUndefinedLength(e))
             return 0;
-        return SetTypeValue(e, values, count, 0);
+        return EncodeTypedValue(*m_pState, e, vr, values, count, false) ? 1 : 0;
     }
+    if (e != nullptr)
+        return SetTypeValue(e, values, count, 0);
     e = InsertElement(parent, 1, tag, vr, 0, DICOM_UNDEFINED);
     if (e == nullptr)
         return 0;
