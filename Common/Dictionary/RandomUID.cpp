@@ -6,14 +6,29 @@
 
 namespace vdicom {
 
-bool MakeRandomUID(char* uid) {
-    std::array<std::uint32_t, 4> words{};
+namespace {
+
+using Words = std::array<std::uint32_t, 4>;
+
+/// False when there is no such source of randomness.
+bool TakeRandom(const char* source, Words& words) {
     try {
-        std::random_device random;
+        std::random_device random(source);
         std::generate(words.begin(), words.end(), [&random] { return static_cast<std::uint32_t>(random()); });
     } catch (const std::exception&) {
         return false;
     }
+    return true;
+}
+
+} // namespace
+
+bool MakeRandomUID(char* uid) {
+    // The kernel's generator where it can be had: the default may be the processor's, which is slower and known to
+    // have failed silently on some models.
+    Words words{};
+    if (!TakeRandom("getentropy", words) && !TakeRandom("default", words))
+        return false;
     words[1] = (words[1] & 0xFFFF0FFFU) | 0x00004000U; // version 4
     words[2] = (words[2] & 0x3FFFFFFFU) | 0x80000000U; // the variant of RFC 4122
     WriteNumberUID(words, uid);
