@@ -21,10 +21,11 @@ bool SetNumber(VDicomDS& ds, VDicomULong tag, unsigned short number) {
 
 bool SetIdentity(VDicomDS& ds) {
     char study[65], series[65], image[65];
+    const VALUEDATE date = {2024, 2, 29}; // dates, times and numbers have types of their own
     return VDicomUID::Generate(study) && VDicomUID::Generate(series) && VDicomUID::Generate(image) &&
            SetText(ds, nullptr, 0x00080005, "ISO_IR 192") && // texts are UTF-8
            SetText(ds, nullptr, 0x00080016, "1.2.840.10008.5.1.4.1.1.7") && SetText(ds, nullptr, 0x00080018, image) &&
-           SetText(ds, nullptr, 0x00080020, "20240229") && SetText(ds, nullptr, 0x00080060, "DX") &&
+           ds.FindSetValue(nullptr, 0x00080020, 0, &date, 1) && SetText(ds, nullptr, 0x00080060, "DX") &&
            SetText(ds, nullptr, 0x00100010, "Doe^Jane") && SetText(ds, nullptr, 0x00100020, "0815") &&
            SetText(ds, nullptr, 0x0020000D, study) && SetText(ds, nullptr, 0x0020000E, series);
 }
