@@ -1,5 +1,6 @@
-// Compares what two files hold, whatever they are encoded in: every element's tag and value, file meta information and
-// group lengths aside. Shows walking two trees side by side and reading values piecewise.
+// Compares what two files hold, whatever they are encoded in: every element's tag and value. What speaks of the
+// encoding is left out: file meta information, group lengths, and the byte offsets of a DICOMDIR. Shows walking two
+// trees side by side and reading values piecewise.
 //   compare A.dcm B.dcm
 #include <VDicomDS.h>
 
@@ -9,11 +10,15 @@
 
 namespace {
 
-// The next element that says something about the patient and the image rather than about the encoding.
+bool IsOfEncoding(VDicomULong tag) {
+    return (tag >> 16) == 0x0002 || (tag & 0xFFFF) == 0 || tag == 0x00041200 || tag == 0x00041202 ||
+           tag == 0x00041400 || tag == 0x00041420;
+}
+
 DICOMELEMENT* Next(VDicomDS& ds, DICOMELEMENT* e) {
     do
         e = e ? ds.GetNextElement(e, 0, 1) : ds.GetFirstElement(nullptr, 0, 1);
-    while (e && ((e->nTag >> 16) == 2 || (e->nTag & 0xFFFF) == 0));
+    while (e && IsOfEncoding(e->nTag));
     return e;
 }
 
