@@ -74,6 +74,7 @@ void DataSetState::AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong 
 }
 
 void DataSetState::ElementsGone(const DICOMELEMENT* top) {
+    characterSets.Forget();
     if (badCount == 0 && keys.IsEmpty())
         return;
     const DICOMELEMENT* e = top;

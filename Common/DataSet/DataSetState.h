@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Bytes.h"
+#include "CharacterSetCache.h"
 #include "ElementTree.h"
 #include "Keys.h"
 #include "StreamAccess.h"
@@ -31,9 +32,6 @@ struct BadElement {
     DICOMELEMENT* element;
     VDicomULong kind; ///< 1: a value of odd length
 };
-
-/// The decoded text of (0008,0005); CharacterSet.h has the rest.
-class CharacterSet;
 
 class DataSetState {
 public:
@@ -93,6 +91,8 @@ public:
     VDicomUInt64 inflateLimit = VDicomUInt64{16} << 30;
     int error = 0;    ///< the platform's number for the last load or save that failed
     std::string text; ///< what texts handed out as pointers are kept in
+    std::string utf8; ///< a text on its way to UTF-8
+    CharacterSetCache characterSets;
 
     KeyIndex keys; ///< the directory records
     /// The offsets of (0004,1220) are those of the stream just loaded and have not been turned into numbers yet.

@@ -41,6 +41,7 @@ void VDicomDS::ResetDS(unsigned int closeSource) {
     state.transferSyntax.clear();
     state.keys.Clear();
     state.keysFromOffsets = false;
+    state.characterSets.Forget();
     if (closeSource != 0) {
         // A stream of the caller's is only let go of; it is his to close.
         state.loadStream.Close();
