@@ -132,8 +132,8 @@ TEST(TableIndex, RoomIsMadeBeforehandAndReservedOnce) {
         ASSERT_TRUE(index.Add(i << 40, &entries.back()->link));
     }
     ASSERT_TRUE(index.Reserve(10));
-    for (std::uint64_t i = 0; i < 1000; ++i)
-        ASSERT_EQ(&entries[i]->link, index.Find(i << 40));
+    for (const auto& entry : entries)
+        ASSERT_EQ(&entry->link, index.Find(entry->link.order << 40));
 }
 
 } // namespace
