@@ -19,7 +19,7 @@ constexpr VDicomULong kRanges[] = {0x60000010, 0x60020050, 0x50003000, 0x0020314
 constexpr VDicomULong kUnknown[] = {0x00091001, 0x00191002, 0x00291010, 0x20051105, 0x00189073, 0x7FE10010};
 
 template <std::size_t N, class Find> void LookUp(benchmark::State& state, const VDicomULong (&tags)[N], Find find) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (const VDicomULong tag : tags)
             benchmark::DoNotOptimize(find(tag));
     }
@@ -35,7 +35,7 @@ const DICOMTAG* Walk(VDicomULong tag) {
 }
 
 void FillTables(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         VDicomVR::Default();
         VDicomUID::Default();
         VDicomTag::Default();
@@ -43,7 +43,7 @@ void FillTables(benchmark::State& state) {
 }
 
 void FillAndEmptyTables(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         VDicomVR::Default();
         VDicomUID::Default();
         VDicomTag::Default();
@@ -69,7 +69,7 @@ void VR(benchmark::State& state) {
 void UID(benchmark::State& state) {
     const char* const uids[] = {"1.2.840.10008.1.2.1", "1.2.840.10008.5.1.4.1.1.2", "1.2.840.10008.1.2.4.90",
                                 "1.2.840.113619.2.55.3"};
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (const char* uid : uids)
             benchmark::DoNotOptimize(VDicomUID::Find(uid));
     }
@@ -88,7 +88,7 @@ void CurrentTagOfRange(benchmark::State& state) {
 
 void CurrentKeyword(benchmark::State& state) {
     DICOMCURRENTTAG row;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(VDicomTag::FindKeyword("PatientName", &row));
         benchmark::DoNotOptimize(VDicomTag::FindKeyword("ScheduledProcedureStepSequence", &row));
     }
@@ -105,7 +105,7 @@ void PrivateTag(benchmark::State& state) {
 
 void GenerateUID(benchmark::State& state) {
     char uid[65];
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(VDicomUID::Generate(uid));
 }
 

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <new>
 
+static_assert(sizeof(DICOMLINK) == 5 * sizeof(void*), "five pointers without gaps");
+
 VDicomTree::VDicomTree() : m_pFirst(nullptr), m_pLast(nullptr) {}
 
 VDicomTree::~VDicomTree() { VDicomTree::Clear(); }

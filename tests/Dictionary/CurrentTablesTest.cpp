@@ -173,7 +173,7 @@ class Facts : public testing::Test {
 protected:
     using Row = std::vector<std::string>;
     static std::vector<Row> Read(const char* name) {
-        std::ifstream file(std::string(VDICOM_SHARED) + "/data/current/" + name);
+        std::ifstream file(std::string(VDICOM_SHARED) + "/data/" + name);
         std::vector<Row> rows;
         for (std::string line; std::getline(file, line);) {
             Row row(1);
@@ -209,8 +209,35 @@ protected:
     static unsigned long Hex(const std::string& text) { return std::stoul(text, nullptr, 16); }
 };
 
+TEST_F(Facts, OfTheBuiltInTablesAreTheirRowsInOrder) {
+    const auto tags = Read("tags.tsv");
+    const auto uids = Read("uids.tsv");
+    if (tags.empty() || uids.empty())
+        GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
+    DICOMTAG* tag = VDicomTag::GetFirst();
+    for (const Row& row : tags) {
+        ASSERT_NE(nullptr, tag);
+        ASSERT_EQ(Hex(row[0]), tag->nCode + 0UL);
+        ASSERT_EQ(Hex(row[1]), tag->nMask + 0UL);
+        ASSERT_EQ(row[2], tag->pszName);
+        ASSERT_EQ(row[3], VRText(tag->nVR, 0));
+        ASSERT_EQ(row[4], std::to_string(tag->nMinVM));
+        ASSERT_EQ(row[5] == "FFFFFFFF" || row[5] == "n" ? n : std::stoul(row[5]), tag->nMaxVM + 0UL);
+        ASSERT_EQ(row[6], std::to_string(tag->nDivideVM));
+        tag = VDicomTag::GetNext(tag);
+    }
+    EXPECT_EQ(nullptr, tag);
+    DICOMUID* uid = VDicomUID::GetFirst();
+    for (const Row& row : uids) {
+        ASSERT_NE(nullptr, uid);
+        ASSERT_EQ(row, (Row{uid->pszCode, std::to_string(uid->nType), uid->pszName}));
+        uid = VDicomUID::GetNext(uid);
+    }
+    EXPECT_EQ(nullptr, uid);
+}
+
 TEST_F(Facts, OfTodaysAttributesAreInTheTable) {
-    const auto rows = Read("tags.tsv");
+    const auto rows = Read("current/tags.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -226,7 +253,7 @@ TEST_F(Facts, OfTodaysAttributesAreInTheTable) {
 }
 
 TEST_F(Facts, OfTodaysUIDsAreInTheTable) {
-    const auto rows = Read("uids.tsv");
+    const auto rows = Read("current/uids.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     for (const Row& row : rows) {
@@ -238,7 +265,7 @@ TEST_F(Facts, OfTodaysUIDsAreInTheTable) {
 }
 
 TEST_F(Facts, OfPrivateAttributesAreInTheTable) {
-    const auto rows = Read("private_tags.tsv");
+    const auto rows = Read("current/private_tags.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     // Rows that differ in the block byte alone stand for the same attribute.
