@@ -35,12 +35,38 @@ inline void Put32(unsigned char* p, std::uint32_t value, bool littleEndian) {
     Put16(p + (littleEndian ? 2 : 0), static_cast<std::uint16_t>(value >> 16), littleEndian);
 }
 
+inline std::uint16_t Reversed(std::uint16_t value) { return static_cast<std::uint16_t>((value >> 8) | (value << 8)); }
+
+inline std::uint32_t Reversed(std::uint32_t value) {
+    return (value >> 24) | ((value >> 8) & 0xFF00) | ((value << 8) & 0xFF0000) | (value << 24);
+}
+
+inline std::uint64_t Reversed(std::uint64_t value) {
+    return (std::uint64_t{Reversed(static_cast<std::uint32_t>(value))} << 32) |
+           Reversed(static_cast<std::uint32_t>(value >> 32));
+}
+
+template <class Number> void SwapNumbers(unsigned char* p, std::size_t size) {
+    for (std::size_t at = 0; at + sizeof(Number) <= size; at += sizeof(Number)) {
+        Number number;
+        std::memcpy(&number, p + at, sizeof number);
+        number = Reversed(number);
+        std::memcpy(p + at, &number, sizeof number);
+    }
+}
+
 /// Reverses the bytes of every whole unit; bytes behind the last whole unit stay.
 inline void SwapUnits(unsigned char* p, std::size_t size, std::size_t unit) {
-    if (unit < 2)
-        return;
-    for (std::size_t at = 0; at + unit <= size; at += unit)
-        std::reverse(p + at, p + at + unit);
+    // Loops over numbers become vector instructions.
+    if (unit == 2)
+        SwapNumbers<std::uint16_t>(p, size);
+    else if (unit == 4)
+        SwapNumbers<std::uint32_t>(p, size);
+    else if (unit == 8)
+        SwapNumbers<std::uint64_t>(p, size);
+    else
+        for (std::size_t at = 0; unit > 1 && at + unit <= size; at += unit)
+            std::reverse(p + at, p + at + unit);
 }
 
 } // namespace vdicom

@@ -172,67 +172,62 @@ bool ConvertText(const DataSetState& state, const DICOMELEMENT* e, const ValueFo
     return true;
 }
 
-template <class Number> void AppendBytes(Number number, std::vector<unsigned char>& bytes) {
-    unsigned char raw[sizeof number];
-    std::memcpy(raw, &number, sizeof number);
-    bytes.insert(bytes.end(), raw, raw + sizeof number);
-}
+template <class Number> void PutNumber(Number number, unsigned char* at) { std::memcpy(at, &number, sizeof number); }
 
-template <class Unsigned, class Signed>
-bool ParseNumber(std::string_view text, bool isSigned, std::vector<unsigned char>& bytes) {
+template <class Unsigned, class Signed> bool ParseNumber(std::string_view text, bool isSigned, unsigned char* at) {
     if (isSigned) {
         std::int64_t number = 0;
         if (!ParseSigned(text, std::numeric_limits<Signed>::min(), std::numeric_limits<Signed>::max(), number))
             return false;
-        AppendBytes(static_cast<Signed>(number), bytes);
+        PutNumber(static_cast<Signed>(number), at);
         return true;
     }
     std::uint64_t number = 0;
     if (!ParseUnsigned(text, std::numeric_limits<Unsigned>::max(), number))
         return false;
-    AppendBytes(static_cast<Unsigned>(number), bytes);
+    PutNumber(static_cast<Unsigned>(number), at);
     return true;
 }
 
-template <class Real> bool ParseRealNumber(std::string_view text, std::vector<unsigned char>& bytes) {
+template <class Real> bool ParseRealNumber(std::string_view text, unsigned char* at) {
     Real number = 0;
     if (!ParseReal(text, number))
         return false;
-    AppendBytes(number, bytes);
+    PutNumber(number, at);
     return true;
 }
 
 // "gggg:eeee", whose halves stand in host order one after the other.
-bool ParseTag(std::string_view text, std::vector<unsigned char>& bytes) {
+bool ParseTag(std::string_view text, unsigned char* at) {
     std::uint32_t group = 0;
     std::uint32_t element = 0;
     if (text.size() != 9 || text[4] != ':' || !ParseHex(text.substr(0, 4), 4, group) ||
         !ParseHex(text.substr(5), 4, element))
         return false;
-    AppendBytes(static_cast<std::uint16_t>(group), bytes);
-    AppendBytes(static_cast<std::uint16_t>(element), bytes);
+    PutNumber(static_cast<std::uint16_t>(group), at);
+    PutNumber(static_cast<std::uint16_t>(element), at + 2);
     return true;
 }
 
-bool ParseBinary(const ValueForm& form, std::string_view text, std::vector<unsigned char>& bytes) {
+bool ParseBinary(const ValueForm& form, std::string_view text, unsigned char* at) {
     switch (form.kind) {
     case ValueKind::Shorts:
-        return ParseNumber<std::uint16_t, std::int16_t>(text, form.isSigned, bytes);
+        return ParseNumber<std::uint16_t, std::int16_t>(text, form.isSigned, at);
     case ValueKind::Longs:
-        return ParseNumber<std::uint32_t, std::int32_t>(text, form.isSigned, bytes);
+        return ParseNumber<std::uint32_t, std::int32_t>(text, form.isSigned, at);
     case ValueKind::Long64s:
-        return ParseNumber<std::uint64_t, std::int64_t>(text, form.isSigned, bytes);
+        return ParseNumber<std::uint64_t, std::int64_t>(text, form.isSigned, at);
     case ValueKind::Tags:
-        return ParseTag(text, bytes);
+        return ParseTag(text, at);
     case ValueKind::Floats:
-        return ParseRealNumber<float>(text, bytes);
+        return ParseRealNumber<float>(text, at);
     case ValueKind::Doubles:
-        return ParseRealNumber<double>(text, bytes);
+        return ParseRealNumber<double>(text, at);
     default: {
         std::uint32_t byte = 0;
         if (!ParseHex(text, 2, byte))
             return false;
-        bytes.push_back(static_cast<unsigned char>(byte));
+        *at = static_cast<unsigned char>(byte);
         return true;
     }
     }
@@ -272,10 +267,10 @@ bool SetBinary(DataSetState& state, DICOMELEMENT* e, const ValueForm& form, Valu
     const std::size_t size = BytesPerText(form);
     if (count > kLongestValue / size)
         return false;
-    std::vector<unsigned char> bytes;
-    bytes.reserve(count * size);
-    for (std::string_view value; splitter.Next(value);) {
-        if (!ParseBinary(form, TrimValue(value), bytes))
+    std::vector<unsigned char> bytes(count * size);
+    unsigned char* at = bytes.data();
+    for (std::string_view value; splitter.Next(value); at += size) {
+        if (!ParseBinary(form, TrimValue(value), at))
             return false;
     }
     return StoreValue(state, e, bytes.data(), static_cast<VDicomULong>(bytes.size())) == DICOM_OK;
