@@ -282,7 +282,7 @@ unsigned int Reader::Push(DICOMELEMENT* parent, Kind kind, VDicomUInt64 end, boo
 
 unsigned int Reader::AddElement(ElementHeader header) {
     const Encoding encoding = Top().encoding;
-    const VDicomUInt64 limit = Top().end;
+    const VDicomUInt64 limit = std::min(Top().end, m_size);
     const VDicomUInt64 value = m_position + header.size;
     const bool undefined = header.length == DICOM_UNDEFINED;
     const bool isItem = header.tag == kItem;
@@ -421,9 +421,11 @@ void Reader::LeaveMeta() {
     m_meta = false;
     if (m_metaEnd != 0 && m_metaEnd != m_position)
         Note(DICOM_FAULT_META, 0x00020000, "the length of group 0002 is wrong");
-    if (!m_named)
+    if (!m_named) {
+        m_syntax.encoding = {true, false};
         Note(DICOM_FAULT_NO_TRANSFER_SYNTAX, kTransferSyntaxUID,
              "group 0002 has no Transfer Syntax UID; the encoding is taken from the headers");
+    }
     if (!m_syntax.deflated) {
         const ByteSpan in = StreamAccess::View(*m_stream, m_position, kLongestHeader);
         bool sure = false;
