@@ -55,7 +55,7 @@ SavePlan PlanSave(const DataSetState& state, unsigned short flags) {
     if (plan.compressed) {
         constexpr unsigned short cleared = 0x0018;
         all = static_cast<unsigned short>((all & ~cleared) | DICOM_TS_EXPLICIT_LITTLE);
-        plan.deflated = false;
+        plan.deflated = syntax.deflated;
     }
     plan.possible = (all & (DICOM_FLAG_BIG | DICOM_FLAG_IMPLICIT)) != (DICOM_FLAG_BIG | DICOM_FLAG_IMPLICIT);
     plan.encoding = plan.deflated ? Encoding{true, true} : Encoding::FromFlags(all);

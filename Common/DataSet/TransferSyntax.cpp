@@ -70,7 +70,9 @@ TransferSyntax FindTransferSyntax(const char* uid) {
         unsigned int number = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
         const bool whole = error == std::errc() && end == text.data() + text.size();
-        return {uid, kExplicitLittle, whole ? JpegCompression(number) : kOtherEncapsulated, false, true};
+        // JPIP Referenced Deflate and its HTJ2K form (PS3.5 A.7, A.12).
+        const bool deflated = whole && (number == 95 || number == 205);
+        return {uid, kExplicitLittle, whole ? JpegCompression(number) : kOtherEncapsulated, deflated, true};
     }
     return unknown;
 }
