@@ -443,6 +443,7 @@ void Reader::LeaveMeta() {
     if (m_state.transferSyntax.empty())
         m_state.transferSyntax = EncodingUID(m_syntax.encoding, false);
     Top().encoding = m_syntax.encoding;
+    Top().lastTag = 0;
     SetEncoding(m_syntax.encoding);
     if (m_syntax.deflated)
         m_state.flags = static_cast<unsigned short>(m_state.flags | DICOM_FLAG_DEFLATED);

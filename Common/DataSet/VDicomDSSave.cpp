@@ -47,7 +47,7 @@ bool RepeatUID(VDicomDS& dataSet, const DataSetState& state, VDicomULong tag, VD
 // Brings group 0002 in the form that is going to be written. False when there is no memory or no scratch space.
 bool VDicomDS::PrepareMeta(const SavePlan& plan) {
     DataSetState& state = *m_pState;
-    const DICOMELEMENT* first = state.tree.First();
+    const DICOMELEMENT* first = Layout(state, plan.encoding, plan.bare).FirstWritten(nullptr);
     const bool hasMeta = first != nullptr && GroupOf(first->nTag) == 2;
     if (plan.bare || (!plan.part10 && !hasMeta))
         return true;

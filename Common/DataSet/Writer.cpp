@@ -20,6 +20,12 @@ unsigned short ElementVR(const DICOMELEMENT* e) {
     return e->nVR == 0 || e->nVR == vr::Implicit ? vr::UN : e->nVR;
 }
 
+const DICOMELEMENT* SkipMeta(const DICOMELEMENT* e) {
+    while (e != nullptr && GroupOf(e->nTag) == 2)
+        e = NextOf(e);
+    return e;
+}
+
 // The raw bytes of a value as they are stored, piece by piece, in parts of at most kChunk bytes.
 template <typename Take> unsigned int ForEachPart(const DICOMELEMENT* e, Take take) {
     for (VDicomULong piece = 0; piece < e->nCountPiece; ++piece) {
@@ -61,12 +67,36 @@ unsigned short Layout::OutputVR(const DICOMELEMENT* e, Encoding encoding) {
     return vr::UN;
 }
 
+const DICOMELEMENT* Layout::FirstWritten(const DICOMELEMENT* parent) const {
+    const DICOMELEMENT* first = m_state.tree.FirstChild(parent);
+    if (parent != nullptr)
+        return first;
+    const DICOMELEMENT* meta = first;
+    while (meta != nullptr && GroupOf(meta->nTag) < 2)
+        meta = NextOf(meta);
+    if (meta == nullptr || GroupOf(meta->nTag) != 2)
+        return first;
+    if (!m_bare)
+        return meta;
+    return first != meta ? first : SkipMeta(meta);
+}
+
+const DICOMELEMENT* Layout::NextWritten(const DICOMELEMENT* e) const {
+    const DICOMELEMENT* next = NextOf(e);
+    if (e->Link.pParent != nullptr)
+        return next;
+    if (GroupOf(e->nTag) != 2)
+        return SkipMeta(next);
+    if (next != nullptr && GroupOf(next->nTag) == 2)
+        return next;
+    const DICOMELEMENT* first = m_state.tree.First();
+    return GroupOf(first->nTag) < 2 ? first : next;
+}
+
 VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent, Encoding encoding) const {
     VDicomUInt64 size = 0;
-    for (const DICOMELEMENT* e = m_state.tree.FirstChild(parent); e != nullptr; e = NextOf(e)) {
-        if (!IsLeftOut(e))
-            size += SizeOf(e, encoding);
-    }
+    for (const DICOMELEMENT* e = FirstWritten(parent); e != nullptr; e = NextWritten(e))
+        size += SizeOf(e, encoding);
     return size;
 }
 
@@ -101,10 +131,8 @@ VDicomUInt64 Layout::OffsetOf(const DICOMELEMENT* e) const {
     for (;;) {
         const DICOMELEMENT* parent = ParentOf(e);
         const Encoding encoding = EncodingBelow(parent);
-        for (const DICOMELEMENT* at = m_state.tree.FirstChild(parent); at != e; at = NextOf(at)) {
-            if (!IsLeftOut(at))
-                offset += SizeOf(at, encoding);
-        }
+        for (const DICOMELEMENT* at = FirstWritten(parent); at != nullptr && at != e; at = NextWritten(at))
+            offset += SizeOf(at, encoding);
         if (parent == nullptr)
             return offset;
         offset += HeaderSize(parent->nTag, OutputVR(parent, EncodingBelow(ParentOf(parent))),
@@ -200,9 +228,7 @@ unsigned int Writer::WriteOne(const DICOMELEMENT* e, Encoding encoding) {
 }
 
 unsigned int Writer::WriteLevel(const DICOMELEMENT* parent, Encoding encoding) {
-    for (const DICOMELEMENT* e = m_state.tree.FirstChild(parent); e != nullptr; e = NextOf(e)) {
-        if (m_layout.IsLeftOut(e))
-            continue;
+    for (const DICOMELEMENT* e = m_layout.FirstWritten(parent); e != nullptr; e = m_layout.NextWritten(e)) {
         if (const unsigned int code = WriteOne(e, encoding); code != DICOM_OK)
             return code;
     }
@@ -232,9 +258,7 @@ unsigned int Writer::WriteTop(VDicomUInt64 start, bool deflated) {
     LayOutRecords(start);
     const Encoding encoding = m_layout.EncodingBelow(nullptr);
     std::unique_ptr<Deflater> deflater;
-    for (const DICOMELEMENT* e = m_state.tree.First(); e != nullptr; e = NextOf(e)) {
-        if (m_layout.IsLeftOut(e))
-            continue;
+    for (const DICOMELEMENT* e = m_layout.FirstWritten(nullptr); e != nullptr; e = m_layout.NextWritten(e)) {
         if (deflated && !deflater && GroupOf(e->nTag) != 2) {
             deflater = std::make_unique<Deflater>(m_target);
             m_deflater = deflater.get();

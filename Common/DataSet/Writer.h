@@ -24,10 +24,11 @@ public:
     static bool IsContainer(const DICOMELEMENT* e) { return IsUndefinedLength(e) || FirstChildOf(e) != nullptr; }
     /// The value's length, made even.
     static VDicomULong PaddedLength(const DICOMELEMENT* e) { return e->nLength + (e->nLength & 1); }
-    /// Whether the top level leaves an element out.
-    bool IsLeftOut(const DICOMELEMENT* e) const {
-        return m_bare && e->Link.pParent == nullptr && GroupOf(e->nTag) == 2;
-    }
+
+    /// The children of an element in the order in which they are written: at the top level group 0002 comes first, also
+    /// before the groups below it.
+    const DICOMELEMENT* FirstWritten(const DICOMELEMENT* parent) const;
+    const DICOMELEMENT* NextWritten(const DICOMELEMENT* e) const;
 
     /// Header, value or content, and delimiter of one element.
     VDicomUInt64 SizeOf(const DICOMELEMENT* e, Encoding encoding) const;

@@ -179,6 +179,22 @@ TEST(Writer, SizesAndOffsetsAreThoseOfTheBytesWritten) {
     }
 }
 
+TEST(Writer, FileMetaInformationStandsFirst) {
+    // Groups below 0002 come after it in a file, and before it in the order of tags.
+    const Bytes low = "0100 0100 'UN' 0000 02000000 0102 0800 0500 'CS' 0200 'A '"_bytes;
+    VDicomDS dataSet;
+    ASSERT_EQ(Load(dataSet, Part10(kExplicit, low)), kDone);
+    EXPECT_TRUE(Faults(dataSet).empty());
+    const Bytes bytes = Save(dataSet, 0);
+    const VDicomULong offset = dataSet.GetOffsetElement(dataSet.FindFirstElement(nullptr, 0x00010001, 1), 0);
+    VDicomDS read;
+    ASSERT_EQ(Load(read, bytes, DICOM_FLAG_OFFSETS), kDone);
+    EXPECT_TRUE(Faults(read).empty());
+    EXPECT_EQ(Describe(read), Describe(dataSet));
+    EXPECT_EQ(read.GetElementOffset(read.FindFirstElement(nullptr, 0x00010001, 1)), offset);
+    EXPECT_EQ(Save(read, DICOM_FLAG_BARE), low);
+}
+
 TEST(Writer, ValuesTooLongForAShortHeaderAreKept) {
     VDicomDS dataSet;
     const std::string text(70000, 'x');
