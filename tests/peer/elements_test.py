@@ -4,8 +4,8 @@ program read them.
 
 usage: elements_test.py VDICOM dcmdump|gdcmdump FOLDER
 
-Files that only one side reads are listed with the reason that is known for each; any other difference fails. Exit 77
-when the other program or the folder is not there.
+Differences that are known are listed with their reason; any other difference fails, and so does a file that only the
+other program reads. Exit 77 when the other program or the folder is not there.
 """
 import re
 import shutil
@@ -21,6 +21,8 @@ DELIMITERS = {"fffee00d", "fffee0dd"}
 
 # What is known of a difference, by file name and peer.
 KNOWN = {
+    ("SC_rgb_jpeg.dcm", "gdcmdump"): "Transfer Syntax UID and encoding contradict each other: it stops, we read on",
+    ("nested_priv_SQ.dcm", "gdcmdump"): "a value of odd length, which it leaves out and we pad",
     ("MR_truncated.dcm", "gdcmdump"): "the value is cut off: we give the bytes that are there, it gives the header's length",
     ("rtdose_rle.dcm", "gdcmdump"): "it opens sequences in UN of defined length, which stay values here",
     ("rtdose_rle_1frame.dcm", "gdcmdump"): "it opens sequences in UN of defined length, which stay values here",
@@ -96,8 +98,11 @@ def main():
         our_code, our_rows = ours(program, path)
         peer_code, peer_rows = theirs(peer, path)
         if not our_rows or not peer_rows:
-            if our_rows or peer_rows:
-                only.append("%s: %d rows here, %d there" % (path.name, len(our_rows), len(peer_rows)))
+            if our_rows:
+                only.append(path.name)
+            elif peer_rows:
+                different += 1
+                print("%s: not read here, %d rows there" % (path.name, len(peer_rows)))
             continue
         wrong = [(a, b) for a, b in zip(meta_first(our_rows), meta_first(peer_rows)) if not same(a, b)]
         if not wrong and len(our_rows) == len(peer_rows):
@@ -109,8 +114,7 @@ def main():
         different += 1
         print("%s: %d rows here, %d there; %d differ, first %s" %
               (path.name, len(our_rows), len(peer_rows), len(wrong), wrong[:1]))
-    for line in only:
-        print("read by one side:", line)
+    print("read here alone:", ", ".join(only) or "none")
     print("%d files equal, %d different" % (equal, different))
     return 1 if different or equal == 0 else 0
 
