@@ -31,10 +31,6 @@ public:
         return true;
     }
     VDicomULong Size() const { return static_cast<VDicomULong>(m_size); }
-    void Fail() {
-        if (m_out != nullptr)
-            m_out[0] = '\0';
-    }
 
 private:
     char* m_out;
@@ -296,13 +292,18 @@ VDicomULong VDicomDS::GetConvertValue(DICOMELEMENT* e, char* out) {
     if (e->nLength == 0)
         return 0;
     const ValueForm form = FindValueForm(e->nVR);
+    const auto convert = [&](TextSink& sink) {
+        return IsBinary(form.kind) ? ConvertBinary(*m_pState, e, form, sink) : ConvertText(*m_pState, e, form, sink);
+    };
+    // Measured first: a value that is none is found before anything has been written to the caller's memory, which
+    // is as large as this told him.
+    TextSink measure(nullptr);
+    if (!convert(measure))
+        return 0;
+    if (out == nullptr)
+        return measure.Size();
     TextSink sink(out);
-    const bool done =
-        IsBinary(form.kind) ? ConvertBinary(*m_pState, e, form, sink) : ConvertText(*m_pState, e, form, sink);
-    if (done)
-        return sink.Size();
-    sink.Fail();
-    return 0;
+    return convert(sink) ? sink.Size() : 0;
 }
 
 unsigned int VDicomDS::SetConvertValue(DICOMELEMENT* e, const char* text, VDicomULong count) {
