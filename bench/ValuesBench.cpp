@@ -60,7 +60,7 @@ void ParseValue(benchmark::State& state) {
     const Sample& sample = Samples()[static_cast<std::size_t>(state.range(0))];
     state.SetLabel(sample.name);
     OneElement one(sample.vr, sample.value);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         one.dataSet.FreeValue(one.e);
         benchmark::DoNotOptimize(one.dataSet.GetCountValue(one.e));
     }
@@ -71,7 +71,7 @@ BENCHMARK(ParseValue)->DenseRange(0, 10);
 // A value that has been parsed before.
 void GetParsedValue(benchmark::State& state) {
     OneElement one(vr::PN, "Yamada^Tarou");
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(one.dataSet.GetStringValue(one.e, 0, 1));
 }
 BENCHMARK(GetParsedValue);
@@ -81,7 +81,7 @@ void GetText(benchmark::State& state) {
     state.SetLabel(sample.name);
     OneElement one(sample.vr, sample.value);
     std::string text(one.dataSet.GetConvertValue(one.e, nullptr), '\0');
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(one.dataSet.GetConvertValue(one.e, text.data()));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
@@ -94,7 +94,7 @@ void SetText(benchmark::State& state) {
     std::string text(one.dataSet.GetConvertValue(one.e, nullptr), '\0');
     one.dataSet.GetConvertValue(one.e, text.data());
     std::int64_t stored = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         one.dataSet.SetConvertValue(one.e, text.c_str(), DICOM_UNDEFINED);
         stored += one.e->nLength;
         if (stored > 64 << 20) { // the scratch stream is given back now and then
@@ -112,7 +112,7 @@ BENCHMARK(SetText)->DenseRange(0, 10);
 // A data set of texts built element by element.
 void FindSetTexts(benchmark::State& state) {
     VDicomDS dataSet;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         dataSet.ResetDS();
         for (VDicomULong i = 0; i < 100; ++i)
             dataSet.FindSetValue(nullptr, kTag + i, vr::LO, "FOURTEEN BYTES", 1);
@@ -125,7 +125,7 @@ BENCHMARK(FindSetTexts);
 void CopyPixels(benchmark::State& state) {
     const std::string pixels(16 << 20, '\5');
     OneElement source(vr::OW, pixels);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         OneElement target(vr::OW, {}, state.range(0) != 0);
         benchmark::DoNotOptimize(target.dataSet.CopyFileBinaryValue(target.e, &source.dataSet, source.e));
     }
@@ -138,7 +138,7 @@ void ReadSwapped(benchmark::State& state) {
     OneElement one(vr::OW, std::string(16 << 20, '\5'), true);
     std::vector<char> buffer(one.e->nLength);
     const auto chunk = static_cast<VDicomULong>(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (VDicomULong at = 0; at < one.e->nLength; at += chunk)
             benchmark::DoNotOptimize(one.dataSet.GetBinaryValue(one.e, buffer.data() + at, at, chunk));
     }
@@ -150,7 +150,7 @@ BENCHMARK(ReadSwapped)->Arg(16 << 20)->Arg(4096)->Unit(benchmark::kMillisecond);
 void InsertInTheMiddle(benchmark::State& state) {
     OneElement one(vr::OB, std::string(16 << 20, '\5'));
     const std::string bytes(1000, '\6');
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         one.dataSet.InsertBinaryValue(one.e, bytes.data(), 8 << 20, 1000);
         one.dataSet.DeleteFileBinaryValue(one.e, 8 << 20, 1000);
     }

@@ -10,13 +10,9 @@ namespace vdicom {
 
 namespace {
 
-template <class T> T* AllocateArray(std::size_t count) { return static_cast<T*>(std::malloc(count * sizeof(T))); }
-
 // The heap arrays of a value of several pieces; freed unless an element took them.
 struct PieceArrays {
-    explicit PieceArrays(std::size_t count)
-        : offsets(AllocateArray<VDicomOffset>(count)), streams(AllocateArray<VDicomFile*>(count)),
-          sizes(AllocateArray<VDicomULong>(count)) {}
+    PieceArrays() = default;
     ~PieceArrays() {
         std::free(offsets);
         std::free(streams);
@@ -24,11 +20,17 @@ struct PieceArrays {
     }
     PieceArrays(const PieceArrays&) = delete;
     PieceArrays& operator=(const PieceArrays&) = delete;
-    bool Good() const { return offsets != nullptr && streams != nullptr && sizes != nullptr; }
 
-    VDicomOffset* offsets;
-    VDicomFile** streams;
-    VDicomULong* sizes;
+    bool Allocate(std::size_t count) {
+        offsets = static_cast<VDicomOffset*>(std::malloc(count * sizeof(VDicomOffset)));
+        streams = static_cast<VDicomFile**>(std::malloc(count * sizeof(void*)));
+        sizes = static_cast<VDicomULong*>(std::malloc(count * sizeof(VDicomULong)));
+        return offsets != nullptr && streams != nullptr && sizes != nullptr;
+    }
+
+    VDicomOffset* offsets = nullptr;
+    VDicomFile** streams = nullptr;
+    VDicomULong* sizes = nullptr;
 };
 
 template <class Work> unsigned int Guarded(Work work) {
@@ -191,9 +193,9 @@ unsigned int NewValue::Commit() {
     DICOMELEMENT* e = m_element;
     ElementNode* node = NodeOf(e);
     const std::size_t count = m_pieces.size();
-    PieceArrays arrays(count > 1 ? count : 0);
+    PieceArrays arrays;
     if (count > 1) {
-        if (!arrays.Good())
+        if (!arrays.Allocate(count))
             return DICOM_ERROR_MEMORY;
         for (std::size_t i = 0; i < count; ++i) {
             arrays.offsets[i] = static_cast<VDicomOffset>(m_pieces[i].offset);

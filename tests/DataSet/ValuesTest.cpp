@@ -108,14 +108,14 @@ TEST(Values, EachVRHasItsTypes) {
 TEST(Values, CountsFollowTheVR) {
     const struct {
         unsigned short vr;
-        std::string stored;
         VDicomULong count;
+        std::string stored;
     } cases[] = {
-        {vr::PN, "A^B\\C^D ", 2},   {vr::US, "123456", 3},     {vr::US, "12345", 2},    {vr::US, "1", 0},
-        {vr::FD, "1234567", 0},     {vr::OB, "123", 3},        {vr::AT, "12345678", 2}, {vr::LT, "A\\B\\C ", 1},
-        {vr::UR, "http://a\\b", 1}, {vr::UC, "A\\B\\", 3},     {vr::LO, "", 0},         {vr::DA, "", 0},
-        {vr::IS, "1\\\\3 ", 3},     {vr::IS, "  ", 1},         {vr::IS, "abc ", 0},     {vr::IS, "abc\\5 ", 2},
-        {vr::SV, "12345678", 1},    {vr::OV, "1234567890", 1}, {0, "12345", 5},         {vr::DT, "2007\\2008 ", 2},
+        {vr::PN, 2, "A^B\\C^D "},   {vr::US, 3, "123456"},     {vr::US, 2, "12345"},    {vr::US, 0, "1"},
+        {vr::FD, 0, "1234567"},     {vr::OB, 3, "123"},        {vr::AT, 2, "12345678"}, {vr::LT, 1, "A\\B\\C "},
+        {vr::UR, 1, "http://a\\b"}, {vr::UC, 3, "A\\B\\"},     {vr::LO, 0, ""},         {vr::DA, 0, ""},
+        {vr::IS, 3, "1\\\\3 "},     {vr::IS, 1, "  "},         {vr::IS, 0, "abc "},     {vr::IS, 2, "abc\\5 "},
+        {vr::SV, 1, "12345678"},    {vr::OV, 1, "1234567890"}, {0, 5, "12345"},         {vr::DT, 2, "2007\\2008 "},
     };
     for (const auto& c : cases) {
         OneElement one(c.vr, c.stored);
