@@ -9,7 +9,6 @@
 namespace vdicom {
 
 using platform::FileKind;
-using platform::FileMode;
 using platform::FileRefusal;
 
 namespace {

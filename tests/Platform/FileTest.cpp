@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace {
 
 using namespace vdicom::platform;
@@ -118,6 +120,32 @@ TEST(File, TemporaryFilesHaveNoNameAfterwards) {
     File file;
     EXPECT_NE(file.OpenTemporary(folder.File("missing").c_str()), 0);
     EXPECT_EQ(file.OpenTemporary(""), 0); // the platform's folder
+}
+
+// The child may run the test from its start on, so the folder has one name for both.
+TEST(FileDeathTest, ProcessThatEndsInTheMiddleLeavesTheOldFileAndNoTemporaryOnes) {
+    const std::filesystem::path folder = "ended-process.tmp";
+    std::filesystem::create_directories(folder / "scratch");
+    const std::string path = TestFolder::Utf8(folder / "a");
+    std::ofstream(folder / "a", std::ios::binary) << "old";
+    EXPECT_EXIT(
+        {
+            File fresh;
+            FileReplacement replacement;
+            File scratch;
+            const std::string bytes(1000000, 'x');
+            const bool written = replacement.Begin(path.c_str(), fresh) == 0 && Put(fresh, 0, bytes) == 0 &&
+                                 scratch.OpenTemporary(TestFolder::Utf8(folder / "scratch").c_str()) == 0 &&
+                                 Put(scratch, 0, bytes) == 0;
+            std::_Exit(written ? 9 : 1); // no destructor runs
+        },
+        testing::ExitedWithCode(9), "");
+    EXPECT_EQ(TestFolder::Read(path), "old");
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "scratch"));
+    File writer; // the lock is gone too
+    EXPECT_EQ(writer.Open(path.c_str(), kWrite), 0);
+    writer.Close();
+    std::filesystem::remove_all(folder);
 }
 
 TEST(FileReplacement, WaitsForOtherWriters) {

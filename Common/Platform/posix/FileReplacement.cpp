@@ -50,8 +50,13 @@ int FollowLinks(std::string& path, bool& magic) {
             magic = true;
             return 0;
         }
-        std::string target(text.data(), static_cast<std::size_t>(length));
-        path = target.starts_with('/') ? target : FolderOf(path) + "/" + target;
+        const std::string target(text.data(), static_cast<std::size_t>(length));
+        if (target.starts_with('/')) {
+            path = target;
+            continue;
+        }
+        path = FolderOf(path);
+        path.append("/").append(target);
     }
     return ELOOP;
 }
