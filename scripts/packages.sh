@@ -79,41 +79,51 @@ packages_need() {
         return 1
     fi
     mkdir -p "$(dirname "$log")"
-    {
-        packages_apt update || true # an old index is good enough where a new one cannot be had
-        packages_apt -y --no-install-recommends install "${missing[@]}"
-    } >"$log" 2>&1 || { packages_failed "$log"; return 1; }
+    : >"$log"
+    packages_install "${missing[@]}" >>"$log" 2>&1 && return 0
+    tail -n 25 "$log" >&2
+    echo "Packages could not be installed (whole log: $log). Install them by hand, or run this as root or with sudo." >&2
+    if grep -q 'not installable\|unmet dependencies' "$log" && dpkg --print-foreign-architectures | grep -q .; then
+        echo "Libraries of two architectures must have one version, and the package index offers none in common: try" \
+            "again later, or let older versions replace installed ones with VDICOM_ALLOW_DOWNGRADES=1." >&2
+    fi
+    return 1
 }
 
-# packages_need_wine LOG: Wine for 32-bit and 64-bit programs, which takes packages of a second architecture.
-packages_need_wine() {
-    local log=$1 missing release sources
-    mapfile -t missing < <(packages_missing "${packages_wine[@]}")
-    [ ${#missing[@]} -gt 0 ] || return 0
-    echo "installing: ${missing[*]}"
-    mkdir -p "$(dirname "$log")"
-    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-    : >"$log"
-    if ! dpkg --print-foreign-architectures | grep -qx i386; then
-        if [ "$(id -u)" -eq 0 ]; then dpkg --add-architecture i386; else sudo dpkg --add-architecture i386; fi \
-            >>"$log" 2>&1 || { packages_failed "$log"; return 1; }
+# packages_install PACKAGE...: in up to three ways.
+packages_install() {
+    local foreign="" release sources status=1
+    if [[ "$*" == *:i386* ]] && ! dpkg --print-foreign-architectures | grep -qx i386; then
+        if [ "$(id -u)" -eq 0 ]; then dpkg --add-architecture i386; else sudo dpkg --add-architecture i386; fi || return 1
     fi
-    # Libraries of both architectures must have one version, so both come from the release itself where they can.
-    if { packages_apt update && packages_apt -y -t "$release" --no-install-recommends install "${missing[@]}"; } \
-        >>"$log" 2>&1; then
+    [ -z "$(dpkg --print-foreign-architectures)" ] || foreign=1
+    if [ -z "$foreign" ]; then
+        packages_apt update || true # an old index is good enough where a new one cannot be had
+        packages_apt -y --no-install-recommends install "$@"
+        return
+    fi
+    if packages_apt update && packages_apt -y --no-install-recommends install "$@"; then
         return 0
     fi
-    # A mirror whose i386 security index does not match its release file fails the update as a whole. Go without that
-    # index, in a copy of the source lists.
-    echo "== again without the i386 index of the security archive" >>"$log"
+    # A mirror whose i386 security index does not match its release file fails the update as a whole, and offers the
+    # libraries of the two architectures in different versions, of which only one can be installed. Go without that
+    # index, in a copy of the source lists, and take everything from the release itself, where both are the same.
+    echo "== again without the i386 index of the security archive"
+    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
     sources=$(mktemp -d)
     packages_sources_copy "$sources"
     local options=(-o "Dir::Etc::sourcelist=$sources/sources.list" -o "Dir::Etc::sourceparts=$sources/parts")
-    { packages_apt "${options[@]}" update &&
-        packages_apt "${options[@]}" -y -t "$release" --no-install-recommends install "${missing[@]}"; } >>"$log" 2>&1
-    local status=$?
+    if packages_apt "${options[@]}" update &&
+        packages_apt "${options[@]}" -y -t "$release" --no-install-recommends install "$@"; then
+        status=0
+    elif [ "${CI:-}" = true ] || [ -n "${VDICOM_ALLOW_DOWNGRADES:-}" ]; then
+        # Libraries that came from the security archive stand in the way: back to the release's version of these.
+        echo "== again with downgrades"
+        printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$release" >"$sources/preferences"
+        packages_apt "${options[@]}" -o "Dir::Etc::preferences=$sources/preferences" \
+            -y --allow-downgrades --no-install-recommends install "$@" && status=0
+    fi
     rm -rf "$sources"
-    [ $status -eq 0 ] || packages_failed "$log"
     return $status
 }
 
@@ -122,7 +132,7 @@ packages_sources_copy() {
     local folder=$1 architecture file
     architecture=$(dpkg --print-architecture)
     mkdir -p "$folder/parts"
-    chmod -R a+rX "$folder"
+    chmod a+rx "$folder" "$folder/parts" # apt reads them as a user of its own
     : >"$folder/sources.list"
     for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
         [ -f "$file" ] || continue
@@ -135,9 +145,4 @@ packages_sources_copy() {
             print $0 "\n"
         }' "$file" >"$folder/parts/$(basename "$file")"
     done
-}
-
-packages_failed() {
-    tail -n 25 "$1" >&2
-    echo "Packages could not be installed (whole log: $1). Install them by hand, or run this as root or with sudo." >&2
 }
