@@ -1,0 +1,12 @@
+/// @file Commands.h
+/// The subcommands. Each takes its arguments, its own name first, and gives the exit status.
+#pragma once
+
+namespace program {
+
+int RunDump(int count, const char* const* arguments);
+int RunConvert(int count, const char* const* arguments);
+int RunEdit(int count, const char* const* arguments);
+int RunDict(int count, const char* const* arguments);
+
+} // namespace program

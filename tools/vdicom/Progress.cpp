@@ -1,0 +1,72 @@
+#include "Progress.h"
+
+#include "Message.h"
+#include "VDicomConsole.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+
+namespace program {
+
+namespace {
+
+constexpr auto kFirst = std::chrono::milliseconds(700);
+constexpr auto kAgain = std::chrono::milliseconds(100);
+
+void Write(const std::string& text) { VDicomConsole::Write(DICOM_STDERR, text.data(), text.size(), nullptr); }
+
+} // namespace
+
+Progress::Progress(std::string_view what, std::size_t total)
+    : m_what(what), m_total(total), m_active(VDicomConsole::IsTerminal(DICOM_STDERR) != 0), m_start(Clock::now()),
+      m_next(m_start + kFirst) {
+    SetMessageProgress(this);
+}
+
+Progress::~Progress() {
+    SetMessageProgress(nullptr);
+    Hide();
+}
+
+void Progress::Done(std::size_t count) {
+    if (!m_active)
+        return;
+    const Clock::time_point now = Clock::now();
+    if (now < m_next)
+        return;
+    m_next = now + kAgain;
+    Draw(count);
+}
+
+void Progress::Hide() {
+    if (m_shown)
+        Write("\r\033[K");
+    m_shown = false;
+}
+
+void Progress::Draw(std::size_t count) {
+    const std::chrono::duration<double> spent = Clock::now() - m_start;
+    std::string line = "\r\033[K";
+    if (m_total > 0) {
+        const std::size_t width = 30;
+        const std::size_t filled = std::min(width, count * width / m_total);
+        line += fmt::format("[{}{}] {} of {} {}", std::string(filled, '#'), std::string(width - filled, '.'), count,
+                            m_total, m_what);
+        if (count > 0) {
+            const double left = spent.count() / static_cast<double>(count) * static_cast<double>(m_total - count);
+            line += fmt::format(", {:.0f} s left", left);
+        }
+    } else {
+        line += fmt::format("{} {}, {:.0f} s", count, m_what, spent.count());
+    }
+    // Not wider than the terminal: a wrapped line could not be taken back.
+    const VDicomULong columns = VDicomConsole::GetColumns(DICOM_STDERR);
+    if (columns > 1)
+        line.resize(std::min<std::size_t>(line.size(), columns - 1 + 4));
+    Write(line);
+    m_shown = true;
+}
+
+} // namespace program
