@@ -23,6 +23,8 @@ DELIMITERS = {"fffee00d", "fffee0dd"}
 KNOWN = {
     ("SC_rgb_jpeg.dcm", "gdcmdump"): "Transfer Syntax UID and encoding contradict each other: it stops, we read on",
     ("nested_priv_SQ.dcm", "gdcmdump"): "a value of odd length, which it leaves out and we pad",
+    ("nested_priv_SQ.dcm", "dcmdump"): "a value of odd length, which it shows padded",
+    ("meta_missing_tsyntax.dcm", "dcmdump"): "a value of odd length, which it shows padded",
     ("MR_truncated.dcm", "gdcmdump"): "the value is cut off: we give the bytes that are there, it gives the header's length",
     ("rtdose_rle.dcm", "gdcmdump"): "it opens sequences in UN of defined length, which stay values here",
     ("rtdose_rle_1frame.dcm", "gdcmdump"): "it opens sequences in UN of defined length, which stay values here",
