@@ -20,34 +20,40 @@ std::size_t CountDigits(std::string_view text, std::size_t at) {
     return count;
 }
 
-// Length of the escape sequence at `at`, and whether it puts a set of two-byte characters into G0, where its bytes
-// look like ASCII: ISO-IR 87 ("ESC $ B"; "ESC $ @" is its first edition) and 159 ("ESC $ ( D").
+enum class Mode { single, two, same };
+struct Escape {
+    std::string_view rest; // behind the escape character
+    Mode mode;
+};
+// The sequences that switch G0, where the bytes of two-byte characters look like ASCII, and those whose own length
+// would upset the counting by twos (PS3.3 C.12.1.1.2; "$@" is the first edition of ISO-IR 87).
+constexpr Escape kEscapes[] = {{"$B", Mode::two},    {"$@", Mode::two},    {"$(D", Mode::two},  {"(B", Mode::single},
+                               {"(J", Mode::single}, {"(I", Mode::single}, {"$)C", Mode::same}, {"$)A", Mode::same}};
+
+// Steps over the escape character at `at`, with its sequence where it is a known one.
 std::size_t ReadEscape(std::string_view text, std::size_t at, bool& twoBytes) {
     const std::string_view rest = text.substr(at + 1);
-    if (rest.starts_with("$B") || rest.starts_with("$@")) {
-        twoBytes = true;
-        return 3;
+    for (const Escape& escape : kEscapes) {
+        if (!rest.starts_with(escape.rest))
+            continue;
+        if (escape.mode != Mode::same)
+            twoBytes = escape.mode == Mode::two;
+        return 1 + escape.rest.size();
     }
-    if (rest.starts_with("$(")) {
-        twoBytes = true;
-        return 4;
-    }
-    if (rest.starts_with("(")) {
-        twoBytes = false;
-        return 3;
-    }
-    return rest.starts_with("$") ? 4 : 3; // sets in G1 have the high bit
+    return 1;
 }
+
+// A half of a two-byte character in G0.
+bool IsHalf(char c) { return c > 0x20 && c < 0x7F; }
 
 bool IsChineseLead(char c) { return static_cast<unsigned char>(c) >= 0x81 && static_cast<unsigned char>(c) != 0xFF; }
 
-// Bytes of the character of GB18030 at `at`.
+// Bytes of the character of GB18030 at `at`, of which those with four bytes can be taken one by one: no byte of theirs
+// is a backslash or begins a character of two bytes.
 std::size_t ChineseLength(std::string_view text, std::size_t at) {
     if (!IsChineseLead(text[at]) || at + 1 >= text.size())
         return 1;
     const auto second = static_cast<unsigned char>(text[at + 1]);
-    if (second >= 0x30 && second <= 0x39)
-        return 4;
     return second >= 0x40 && second != 0x7F && second != 0xFF ? 2 : 1;
 }
 
@@ -174,7 +180,7 @@ std::size_t ValueSplitter::FindEnd() const {
         const char c = m_rest[at];
         if (c == kEscape) {
             at += ReadEscape(m_rest, at, twoBytes);
-        } else if (twoBytes && static_cast<unsigned char>(c) > 0x20) {
+        } else if (twoBytes && at + 1 < m_rest.size() && IsHalf(c) && IsHalf(m_rest[at + 1])) {
             at += 2;
         } else if (c == '\\') {
             return at;

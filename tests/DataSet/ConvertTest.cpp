@@ -1,4 +1,5 @@
 // Values as texts for people, and back.
+#include "TestFolder.h"
 #include "VDicomDS.h"
 #include "VRTraits.h"
 
@@ -264,4 +265,33 @@ TEST(Convert, RandomBinaryValuesComeBack) {
             }
         }
     }
+}
+
+// Every text that real files give is accepted for an element of the same VR, and stays the same.
+TEST(Convert, TextsOfRealFilesComeBack) {
+    const auto folder = TestFolder::FromUtf8(VDICOM_SHARED) / "samples";
+    if (!std::filesystem::exists(folder))
+        GTEST_SKIP() << "no samples beside the checkout";
+    constexpr VDicomULong longest = 1 << 20;
+    std::size_t texts = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        VDicomDS dataSet;
+        if (!entry.is_regular_file() || dataSet.LoadDS(TestFolder::Utf8(entry.path()).c_str(), 0) != DICOM_OK)
+            continue;
+        DICOMELEMENT* e = dataSet.GetFirstElement(nullptr, 0, 1);
+        for (; e != nullptr; e = dataSet.GetNextElement(e, 0, 1)) {
+            const VDicomULong size = e->nLength > longest ? 0 : dataSet.GetConvertValue(e, nullptr);
+            if (size == 0)
+                continue;
+            std::string text(size, '\0');
+            ASSERT_EQ(dataSet.GetConvertValue(e, text.data()), size);
+            text.pop_back();
+            Element copy(e->nVR);
+            ASSERT_TRUE(copy.Set(text)) << entry.path() << std::hex << e->nTag << text.substr(0, 200);
+            const std::string again = copy.Text();
+            ASSERT_EQ(again == "no" ? "" : again, text) << entry.path() << std::hex << e->nTag;
+            ++texts;
+        }
+    }
+    EXPECT_GT(texts, 5000u);
 }

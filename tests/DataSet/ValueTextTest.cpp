@@ -51,14 +51,17 @@ TEST(ValueText, DividesAtBackslashes) {
         {"\x1B$(D\\\\\x1B(J\\B", SplitRule::Everywhere, {"\x1B$(D\\\\\x1B(J", "B"}},
         {"\x1B$)C\xB1\xE8\\\x1B$)C\xB1\xE8", SplitRule::Everywhere, {"\x1B$)C\xB1\xE8", "\x1B$)C\xB1\xE8"}},
         {"\x1B$B0!\r\nA\\B", SplitRule::Everywhere, {"\x1B$B0!\r\nA", "B"}},
-        // An escape sequence that is cut off.
+        // Escape sequences that are cut off, unknown, or come in the middle of a character.
+        {"A\x1B\\B", SplitRule::Everywhere, {"A\x1B", "B"}},
+        {"\x1B$B0\x1B(B\\B", SplitRule::Everywhere, {"\x1B$B0\x1B(B", "B"}},
         {"A\\\x1B", SplitRule::Everywhere, {"A", "\x1B"}},
         {"A\\\x1B$B0", SplitRule::Everywhere, {"A", "\x1B$B0"}},
         // GB18030: 0x5C as second byte, in two-byte characters only.
         {"\x81\x5C\\B", SplitRule::Chinese, {"\x81\x5C", "B"}},
-        {"\x81\x30\x81\x5C\\B", SplitRule::Chinese, {"\x81\x30\x81\x5C", "B"}},
+        {"\x81\x30\x81\x30\\\x81\x5C", SplitRule::Chinese, {"\x81\x30\x81\x30", "\x81\x5C"}},
         {"\x81\x5C\\B", SplitRule::Everywhere, {"\x81", "", "B"}},
         {"\x41\\\x81", SplitRule::Chinese, {"A", "\x81"}},
+        {"\x81\x30\\\x41", SplitRule::Chinese, {"\x81\x30", "A"}}, // no four-byte character
     };
     for (const auto& c : cases)
         EXPECT_EQ(Split(c.text, c.rule), c.values) << testing::PrintToString(c.text);
