@@ -33,7 +33,8 @@ struct StreamAccess;
 ///
 /// A temporary stream (mode bit 8) is kept in memory until it outgrows 1 MiB and takes a file only then; the file is
 /// gone when the stream is closed or the process ends. A pipe that is opened for reading is read to its end into
-/// such temporary storage first, so that it can be positioned like a file; devices other than pipes are refused.
+/// such temporary storage first, so that it can be positioned like a file; one that nobody writes to is empty. Pipes
+/// and devices other than disks can be written to from front to back; other devices and folders are refused.
 ///
 /// One thread at a time may use a stream. Copying is not possible.
 class VDICOM_API VDicomFile {
@@ -82,7 +83,8 @@ public:
     VDicomUInt64 GetSize64() const;
 
     /// Adopts an open file handle (a descriptor, on Windows a HANDLE as returned by the system). The stream owns it
-    /// from now on and closes it. @return non-zero on success
+    /// from now on and closes it; reading and writing go on where the handle stood. @return non-zero on success;
+    /// otherwise the handle stays the caller's
     unsigned int SetHandle(std::intptr_t handle, unsigned short mode);
 
     /// Attaches memory to a stream opened with DICOM_FILE_MEMORY.

@@ -439,7 +439,10 @@ bool Stream::WriteThrough(std::uint64_t position, const unsigned char* bytes, st
                                                        : m_file.WriteAt(position, bytes, size, done);
     if (m_windowSize != 0 && position < m_windowStart + m_windowSize && m_windowStart < position + size)
         m_windowSize = 0;
-    m_fileSize = std::max(m_fileSize, position + done);
+    // The part of a refused write that did fit is taken back: it would keep the last room of a full disk.
+    const bool grown = position + done > m_fileSize;
+    if (error == 0 || m_backing == Backing::sequential || (grown && m_file.Truncate(m_fileSize) != 0))
+        m_fileSize = std::max(m_fileSize, position + done);
     return error == 0 || Fail(error);
 }
 

@@ -177,13 +177,20 @@ TEST(Posix, FileThatOutgrowsTheLimitIsReportedAndTheOldOneStands) {
             return 2;
         if (file.Close() || file.GetError() != EFBIG)
             return 3;
+        // Past the buffer: what was refused takes no room.
+        const std::string large = Pattern(70000);
+        if (!file.Open(folder.File("c").c_str(), DICOM_FILE_CREATE | DICOM_FILE_READ | DICOM_FILE_WRITE) ||
+            !file.Write(large.data(), 70000) || file.Write(large.data(), 70000) || file.GetSize64() != 70000 ||
+            !file.Write("abc", 3) || !file.Flush() || file.GetSize64() != 70003 || file.Close())
+            return 6;
         int error = 0;
         return Replace(path, bytes + bytes, &error) ? 4 : error == EFBIG ? 0 : 5;
     });
     EXPECT_EQ(status, 0) << "exit status " << WEXITSTATUS(status);
     EXPECT_EQ(TestFolder::Read(path), "old");
     EXPECT_EQ(std::filesystem::file_size(folder.Path() / "b"), 100000u);
-    EXPECT_EQ(folder.Count(), 2u);
+    EXPECT_EQ(std::filesystem::file_size(folder.Path() / "c"), 70003u);
+    EXPECT_EQ(folder.Count(), 3u);
 }
 
 TEST(Posix, PipeIsSpooledWhateverItsPieces) {

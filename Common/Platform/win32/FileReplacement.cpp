@@ -108,6 +108,7 @@ int FileReplacement::Begin(const char* path, File& file) {
             return ERROR_ACCESS_DENIED;
         }
     }
+    target = WidePath(FromWide(target.c_str()).c_str()); // a short relative path may have become a long one
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::wstring name = NewName(target);
         const HANDLE handle = CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,

@@ -29,7 +29,7 @@ std::wstring WidePath(const char* path) {
     std::wstring wide;
     if (path == nullptr || *path == '\0' || !ToWide(path, wide))
         return {};
-    constexpr std::size_t kShort = 240; // below MAX_PATH with room for a short name
+    constexpr std::size_t kShort = 200; // below MAX_PATH with room for a temporary name
     if (wide.size() < kShort || wide.starts_with(L"\\\\?\\") || wide.starts_with(L"\\\\.\\"))
         return wide;
     const DWORD size = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
