@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 #include <optional>
 
 namespace program {
@@ -84,7 +85,12 @@ public:
         const bool quiet = VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
         std::size_t done = 0;
         const auto one = [&](const std::string& path, const std::string&) {
-            DumpFile(path);
+            try {
+                DumpFile(path);
+            } catch (const std::bad_alloc&) {
+                Say(NameOfInput(path), GetErrorText(DICOM_ERROR_MEMORY));
+                m_failed = true;
+            }
             ++done;
             if (!quiet)
                 progress.Done(done);

@@ -83,7 +83,7 @@ TextReader::Result TextReader::Text(DICOMELEMENT* e, std::size_t atMost) {
         m_converted.resize(kKept);
         m_converted.shrink_to_fit();
     }
-    std::size_t room = std::min<std::size_t>(atMost, std::size_t{e->nLength} * 2) + 16;
+    std::size_t room = std::min<std::size_t>(atMost, std::size_t{e->nLength} + e->nLength / 2) + 16;
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (m_converted.size() < room)
             m_converted.resize(room);
