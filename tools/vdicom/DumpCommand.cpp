@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <new>
 #include <optional>
 
@@ -155,13 +156,18 @@ private:
         m_out.Put('\n');
     }
 
+    std::size_t Depth() const {
+        return static_cast<std::size_t>(
+            std::min<std::uint64_t>(m_options.depth, std::numeric_limits<std::size_t>::max()));
+    }
+
     TextDumpOptions Lines() const {
         TextDumpOptions lines;
         lines.offsets = m_options.offsets;
         lines.colour = WantsColour(m_options.colour);
         lines.full = m_options.full;
         lines.columns = VDicomConsole::GetColumns(DICOM_STDOUT);
-        lines.depth = static_cast<std::size_t>(m_options.depth);
+        lines.depth = Depth();
         return lines;
     }
 
@@ -170,7 +176,7 @@ private:
         json.pretty = m_options.pretty || VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
         json.meta = m_options.meta;
         json.bulkLimit = m_options.noBulk ? 0 : m_options.bulkLimit;
-        json.depth = static_cast<std::size_t>(m_options.depth);
+        json.depth = Depth();
         return json;
     }
 
