@@ -508,6 +508,19 @@ bool Stream::Write(const void* buffer, std::size_t size) {
     return true;
 }
 
+bool Stream::CopyRange(Stream& source, std::uint64_t position, std::uint64_t size, std::uint64_t& done) {
+    done = 0;
+    if (m_backing != Backing::file || source.m_backing != Backing::file || !m_canWrite || &source == this)
+        return true;
+    if (!Flush() || !source.Flush())
+        return FailWrite(m_error);
+    const int error = m_file.CopyFrom(source.m_file, position, m_position, size, done);
+    m_windowSize = 0;
+    m_position += done;
+    m_fileSize = std::max(m_fileSize, m_position);
+    return error == 0 || FailWrite(error);
+}
+
 bool Stream::Append(const void* buffer, std::size_t size, std::uint64_t& position) {
     position = Size();
     if (size == 0)

@@ -75,6 +75,10 @@ public:
     bool Seek(std::int64_t offset, unsigned short origin);
     bool Append(const void* buffer, std::size_t size, std::uint64_t& position);
 
+    /// Copies a range of another stream to the current position and moves on, where the system copies between files
+    /// by itself. `done` less than `size` with true: the rest has to be read and written. False: a write failed.
+    bool CopyRange(Stream& source, std::uint64_t position, std::uint64_t size, std::uint64_t& done);
+
     bool SetMemory(const unsigned char* buffer, std::size_t size, bool attach);
     /// Null unless this is a memory stream.
     const StreamMemory* Memory() const { return m_backing == Backing::memory ? &m_memory : nullptr; }

@@ -20,6 +20,11 @@ struct StreamAccess {
     /// Writes at the end of the stream and gives the position where the bytes now stand. Moves the position.
     static bool Append(VDicomFile& file, const void* buffer, std::size_t size, VDicomUInt64& position);
 
+    /// Copies a range of `source` to the current position of `target` and moves that on, as far as the system copies
+    /// between files by itself: `done` bytes, which may be none. False when the target cannot be written.
+    static bool CopyRange(VDicomFile& target, VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size,
+                          VDicomUInt64& done);
+
     static VDicomUInt64 Size(const VDicomFile& file);
 
     /// The path (as given to Open) of the file that the stream reads; empty for memory and temporary streams.

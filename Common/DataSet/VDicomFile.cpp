@@ -100,6 +100,13 @@ bool StreamAccess::Append(VDicomFile& file, const void* buffer, std::size_t size
     return file.m_pStream != nullptr && file.m_pStream->Append(buffer, size, position);
 }
 
+bool StreamAccess::CopyRange(VDicomFile& target, VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size,
+                             VDicomUInt64& done) {
+    done = 0;
+    return target.m_pStream == nullptr || source.m_pStream == nullptr ||
+           target.m_pStream->CopyRange(*source.m_pStream, position, size, done);
+}
+
 VDicomUInt64 StreamAccess::Size(const VDicomFile& file) { return file.GetSize64(); }
 
 const char* StreamAccess::Path(const VDicomFile& file) {

@@ -13,6 +13,8 @@ namespace {
 constexpr Encoding kImplicitLittle{true, false};
 constexpr VDicomUInt64 kDelimiterSize = 8;
 constexpr std::size_t kChunk = 64 * 1024;
+// From this size on the system is asked to copy between files by itself.
+constexpr VDicomULong kLargePiece = 256 * 1024;
 
 unsigned short ElementVR(const DICOMELEMENT* e) {
     if (FirstChildOf(e) != nullptr && !IsUndefinedLength(e))
@@ -26,11 +28,17 @@ const DICOMELEMENT* SkipMeta(const DICOMELEMENT* e) {
     return e;
 }
 
-// The raw bytes of a value as they are stored, piece by piece, in parts of at most kChunk bytes.
-template <typename Take> unsigned int ForEachPart(const DICOMELEMENT* e, Take take) {
+// The raw bytes of a value as they are stored, piece by piece, in parts of at most kChunk bytes. `jump` may deal with
+// the start of a large piece by itself: it is given the stream, the place and the size, and tells how much it did.
+template <typename Jump, typename Take> unsigned int ForEachPart(const DICOMELEMENT* e, Jump jump, Take take) {
     for (VDicomULong piece = 0; piece < e->nCountPiece; ++piece) {
         VDicomUInt64 at = e->pPieceOffset[piece];
         VDicomULong left = e->pPieceSize[piece];
+        VDicomUInt64 jumped = 0;
+        if (left >= kLargePiece && !jump(*e->pPieceStream[piece], at, left, jumped))
+            return DICOM_ERROR_WRITE;
+        at += jumped;
+        left -= static_cast<VDicomULong>(jumped);
         while (left != 0) {
             const std::size_t wanted = std::min<std::size_t>(left, kChunk);
             const ByteSpan in = StreamAccess::View(*e->pPieceStream[piece], at, wanted);
@@ -170,7 +178,10 @@ unsigned int Writer::WriteValue(const DICOMELEMENT* e, unsigned short outputVR, 
     const unsigned int unit = little == m_state.IsLittleEndian(e) ? 1 : SwapUnit(e->nVR);
     unsigned int code = DICOM_OK;
     if (unit == 1) {
-        code = ForEachPart(e, [this](const unsigned char* bytes, std::size_t size) { return Put(bytes, size); });
+        const auto copy = [this](VDicomFile& source, VDicomUInt64 at, VDicomUInt64 size, VDicomUInt64& done) {
+            return m_deflater != nullptr || StreamAccess::CopyRange(m_target, source, at, size, done);
+        };
+        code = ForEachPart(e, copy, [this](const unsigned char* bytes, std::size_t size) { return Put(bytes, size); });
     } else {
         // A unit may lie across two pieces, so the bytes are collected before they are swapped.
         const auto buffer = std::make_unique<std::array<unsigned char, kChunk>>();
@@ -181,7 +192,8 @@ unsigned int Writer::WriteValue(const DICOMELEMENT* e, unsigned short outputVR, 
             held = 0;
             return done;
         };
-        code = ForEachPart(e, [&](const unsigned char* bytes, std::size_t size) {
+        const auto nothing = [](VDicomFile&, VDicomUInt64, VDicomUInt64, VDicomUInt64&) { return true; };
+        code = ForEachPart(e, nothing, [&](const unsigned char* bytes, std::size_t size) {
             while (size != 0) {
                 const std::size_t part = std::min(size, buffer->size() - held);
                 std::memcpy(buffer->data() + held, bytes, part);

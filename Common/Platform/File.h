@@ -67,6 +67,10 @@ public:
     /// the file or after an error.
     int ReadAt(std::uint64_t position, void* buffer, std::size_t size, std::size_t& done) const;
     int WriteAt(std::uint64_t position, const void* buffer, std::size_t size, std::size_t& done) const;
+    /// Copies a range of another regular file to `position` without taking the bytes through the process, where the
+    /// system can do so. `done` less than `size` without an error: it cannot, or the source ends; go on by reading.
+    int CopyFrom(const File& source, std::uint64_t sourcePosition, std::uint64_t position, std::uint64_t size,
+                 std::uint64_t& done) const;
     int Truncate(std::uint64_t size) const;
     /// Puts what was written onto the disk.
     int Sync() const;

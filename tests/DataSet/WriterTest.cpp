@@ -245,6 +245,35 @@ TEST(Writer, FilesAppearWholeOrNotAtAll) {
     EXPECT_NE(read.GetError(), 0);
 }
 
+TEST(Writer, LargeValuesGoFromFileToFileWhole) {
+    const TestFolder folder;
+    Bytes pixels(3 * 1024 * 1024 + 2);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = static_cast<unsigned char>(i * 2654435761u >> 13);
+    VDicomDS dataSet;
+    ASSERT_EQ(Load(dataSet, Part10(kExplicit, kContent)), kDone);
+    DICOMELEMENT* e = dataSet.InsertElement(nullptr, 0, 0x7FE00010, vdicom::vr::OW, 0, 0);
+    ASSERT_NE(dataSet.SetBinaryValue(e, pixels.data(), static_cast<VDicomULong>(pixels.size())), 0u);
+    // The scratch stream has taken a file by now; then from file to file, over itself and in other encodings.
+    const std::string first = folder.File("first.dcm");
+    ASSERT_EQ(dataSet.SaveDS(first.c_str(), 0), kDone);
+    const Bytes expected = Save(dataSet, 0);
+    EXPECT_TRUE(ReadFile(first) == expected);
+    for (const unsigned short flags : std::initializer_list<unsigned short>{0x15, 0x29, 0x2025, 0x25}) {
+        VDicomDS read;
+        ASSERT_EQ(read.LoadDS(first.c_str(), 0), kDone);
+        ASSERT_EQ(read.SaveDS(first.c_str(), flags), kDone) << std::hex << flags;
+    }
+    EXPECT_TRUE(ReadFile(first) == expected);
+    // A source that has been cut off meanwhile is told, and nothing is replaced.
+    const std::string second = folder.File("second.dcm");
+    VDicomDS read;
+    ASSERT_EQ(read.LoadDS(first.c_str(), 0), kDone);
+    std::filesystem::resize_file(TestFolder::FromUtf8(first), expected.size() - 1024 * 1024);
+    EXPECT_EQ(read.SaveDS(second.c_str(), DICOM_TS_IMPLICIT_LITTLE), static_cast<unsigned int>(DICOM_ERROR_READ));
+    EXPECT_FALSE(std::filesystem::exists(TestFolder::FromUtf8(second)));
+}
+
 TEST(Writer, TransferSyntaxInMemoryAndCopiesBetweenByteOrders) {
     VDicomDS little;
     ASSERT_EQ(Load(little, Part10(kExplicit, kContent)), kDone);

@@ -260,6 +260,27 @@ int File::WriteAt(std::uint64_t position, const void* buffer, std::size_t size, 
     return 0;
 }
 
+int File::CopyFrom(const File& source, std::uint64_t sourcePosition, std::uint64_t position, std::uint64_t size,
+                   std::uint64_t& done) const {
+    done = 0;
+    auto from = static_cast<off64_t>(sourcePosition);
+    auto to = static_cast<off64_t>(position);
+    while (done < size) {
+        const auto part = static_cast<std::size_t>(std::min<std::uint64_t>(size - done, kMaxTransfer));
+        const ssize_t count = ::copy_file_range(Descriptor(source.m_handle), &from, Descriptor(m_handle), &to, part, 0);
+        if (count > 0) {
+            done += static_cast<std::uint64_t>(count);
+            continue;
+        }
+        if (count < 0 && errno == EINTR)
+            continue;
+        // Other reasons than these mean that the two files cannot be copied this way.
+        const bool failed = count < 0 && (errno == ENOSPC || errno == EIO || errno == EFBIG || errno == EDQUOT);
+        return failed ? errno : 0;
+    }
+    return 0;
+}
+
 int File::Truncate(std::uint64_t size) const {
     while (::ftruncate(Descriptor(m_handle), static_cast<off_t>(size)) != 0)
         if (errno != EINTR)

@@ -209,6 +209,11 @@ int File::WriteAt(std::uint64_t position, const void* buffer, std::size_t size, 
     return 0;
 }
 
+int File::CopyFrom(const File&, std::uint64_t, std::uint64_t, std::uint64_t, std::uint64_t& done) const {
+    done = 0;
+    return 0;
+}
+
 int File::Truncate(std::uint64_t size) const {
     LARGE_INTEGER end{};
     end.QuadPart = static_cast<LONGLONG>(size);
