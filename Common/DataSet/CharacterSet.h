@@ -31,6 +31,8 @@ public:
     /// Whether every value of (0008,0005) was a defined term, or nearly one.
     bool IsKnown() const { return m_known; }
     bool IsUtf8() const { return m_whole == Whole::utf8; }
+    /// Whether a backslash may be the second byte of a character without an escape sequence before it: GBK, GB18030.
+    bool HidesBackslash() const { return m_whole == Whole::gbk || m_whole == Whole::gb18030; }
 
     /// Whether bytes are the same in UTF-8 whatever the character set is: then nobody has to look for one.
     static bool IsPlain(const char* bytes, std::size_t size, TextKind kind);

@@ -92,7 +92,7 @@ public:
     int error = 0;    ///< the platform's number for the last load or save that failed
     std::string text; ///< what texts handed out as pointers are kept in
     std::string utf8; ///< a text on its way to UTF-8
-    CharacterSetCache characterSets;
+    mutable CharacterSetCache characterSets;
 
     KeyIndex keys; ///< the directory records
     /// The offsets of (0004,1220) are those of the stream just loaded and have not been turned into numbers yet.

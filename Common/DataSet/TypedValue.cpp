@@ -13,7 +13,6 @@ namespace vdicom {
 
 namespace {
 
-constexpr VDicomULong kSpecificCharacterSet = 0x00080005;
 constexpr VDicomLong kLargestLong = std::numeric_limits<VDicomLong>::max();
 constexpr VDicomLong kSmallestLong = std::numeric_limits<VDicomLong>::min();
 
@@ -77,30 +76,6 @@ ValueForm FindKnownForm(unsigned short code) {
         return Form(traits != nullptr && traits->text ? ValueKind::Strings : ValueKind::Bytes, 1);
     }
     }
-}
-
-// Only items and the top level have a character set of their own.
-bool UsesChinese(const DataSetState& state, const DICOMELEMENT* e) {
-    const DICOMELEMENT* level = e;
-    do {
-        level = ParentOf(level);
-        if (level != nullptr && level->nTag != kItem)
-            continue;
-        const DICOMELEMENT* characterSet = state.tree.FindChild(level, kSpecificCharacterSet);
-        if (characterSet == nullptr || IsUndefinedLength(characterSet))
-            continue;
-        constexpr VDicomULong longest = 256;
-        RawText text;
-        if (characterSet->nLength > longest || !text.Read(characterSet))
-            return false;
-        ValueSplitter splitter(text.View(), SplitRule::Everywhere);
-        for (std::string_view name; splitter.Next(name);) {
-            if (TrimValue(name) == "GB18030" || TrimValue(name) == "GBK")
-                return true;
-        }
-        return false;
-    } while (level != nullptr);
-    return false;
 }
 
 template <class Value> ValueState Put(unsigned char* at, ValueState state, const Value& value) {
@@ -316,7 +291,8 @@ SplitRule FindSplitRule(const DataSetState& state, const DICOMELEMENT* e, const 
     if (form.single)
         return SplitRule::Never;
     const VRTraits* traits = FindVRTraits(e->nVR);
-    const bool hidden = traits != nullptr && traits->charset && MayHideBackslash(text) && UsesChinese(state, e);
+    const bool hidden = traits != nullptr && traits->charset && MayHideBackslash(text) &&
+                        state.characterSets.Of(state.tree, e).HidesBackslash();
     return hidden ? SplitRule::Chinese : SplitRule::Everywhere;
 }
 
