@@ -43,10 +43,8 @@ bool DataSetState::Check(const DICOMELEMENT* e) const {
 
 DICOMELEMENT* DataSetState::Append(DICOMELEMENT* parent, VDicomULong tag, unsigned short vr, bool undefined) {
     DICOMELEMENT* e = tree.Create(tag, vr, undefined || vr == vr::SQ ? DICOM_UNDEFINED : 0, ScratchSlot());
-    if (tag == kItem)
-        tree.LinkItem(e, parent, DICOM_UNDEFINED);
-    else
-        tree.LinkOrdered(e, parent);
+    // Items astray too: a level out of order could not be searched quickly.
+    tree.LinkOrdered(e, parent);
     return e;
 }
 

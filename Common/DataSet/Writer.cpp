@@ -169,7 +169,7 @@ unsigned int Writer::WriteNumber(const DICOMELEMENT* e, VDicomUInt64 number, Enc
     const bool little = encoding.littleEndian || GroupOf(e->nTag) == 2;
     unsigned char bytes[4];
     Put32(bytes, static_cast<std::uint32_t>(number), little);
-    const unsigned int code = WriteHeader(e->nTag, vr::UL, sizeof bytes, encoding);
+    const unsigned int code = WriteHeader(e->nTag, Layout::OutputVR(e, encoding), sizeof bytes, encoding);
     return code != DICOM_OK || Put(bytes, sizeof bytes) ? code : static_cast<unsigned int>(DICOM_ERROR_WRITE);
 }
 
@@ -215,9 +215,21 @@ unsigned int Writer::WriteValue(const DICOMELEMENT* e, unsigned short outputVR, 
     return code;
 }
 
+// A damaged file may have thousands of length elements of one group: such a group is measured once.
+VDicomUInt64 Writer::GroupSize(const DICOMELEMENT* e) {
+    const DICOMELEMENT* first = m_state.tree.FindChild(ParentOf(e), e->nTag);
+    const DICOMELEMENT* second = first == nullptr ? nullptr : NextOf(first);
+    if (second == nullptr || second->nTag != e->nTag)
+        return m_layout.SizeOfGroup(e);
+    const auto [found, isNew] = m_groups.try_emplace(first, 0);
+    if (isNew)
+        found->second = m_layout.SizeOfGroup(e);
+    return found->second;
+}
+
 unsigned int Writer::WriteOne(const DICOMELEMENT* e, Encoding encoding) {
     if (IsGroupLength(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4)
-        return WriteNumber(e, m_layout.SizeOfGroup(e), encoding);
+        return WriteNumber(e, GroupSize(e), encoding);
     if (m_hasRecords && IsOffsetTag(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4) {
         const auto record = m_records.find(e->nKey);
         return WriteNumber(e, record == m_records.end() ? 0 : record->second, encoding);

@@ -66,9 +66,13 @@ private:
     bool Put(const void* bytes, std::size_t size);
     void LayOutRecords(VDicomUInt64 start);
 
+    VDicomUInt64 GroupSize(const DICOMELEMENT* e);
+
     const DataSetState& m_state;
     VDicomFile& m_target;
     Layout m_layout;
+    /// Sizes of groups whose length element is doubled, by the first of them.
+    std::unordered_map<const DICOMELEMENT*, VDicomUInt64> m_groups;
     Deflater* m_deflater = nullptr;
     std::unordered_map<VDicomULong, VDicomUInt64> m_records; ///< key number to offset
     bool m_hasRecords = false;

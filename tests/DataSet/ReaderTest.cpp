@@ -272,6 +272,31 @@ TEST(Reader, DepthLimitLoadLimitAndOffsets) {
     EXPECT_EQ(dataSet.GetElementOffset(dataSet.FindFirstElement(nullptr, 0x00280010, 1)), 0u) << "not asked for";
 }
 
+// Each took minutes when every element was looked for from the start of its level.
+TEST(Reader, WideLevelsOutOfOrderTakeLinearTime) {
+    constexpr unsigned int count = 60000;
+    const auto number = [](Bytes element, unsigned int value) {
+        element[2] = static_cast<unsigned char>(value & 0xFF);
+        element[3] = static_cast<unsigned char>(value >> 8);
+        return element;
+    };
+    // Behind an item astray and an element that belongs behind it.
+    Bytes astray = "FFFF 1000 'LO' 0200 'ab' FEFF 00E0 00000000"_bytes;
+    Bytes doubledLengths;
+    for (unsigned int i = 1; i <= count; ++i) {
+        const Bytes element = number("0900 0000 'LO' 0200 'ab'"_bytes, i);
+        astray.insert(astray.end(), element.begin(), element.end());
+        const Bytes length = "0900 0000 'UL' 0400 00000000"_bytes;
+        doubledLengths.insert(doubledLengths.end(), length.begin(), length.end());
+    }
+    VDicomDS dataSet;
+    ASSERT_EQ(Load(dataSet, Part10(kExplicit, astray)), kDone);
+    EXPECT_EQ(dataSet.GetCountElement(nullptr), count + 3);
+    EXPECT_EQ(dataSet.GetLastElement(nullptr, 1, 1)->nTag, 0xFFFF0010);
+    ASSERT_EQ(Load(dataSet, Part10(kExplicit, doubledLengths)), kDone);
+    EXPECT_GT(Save(dataSet, 0).size(), doubledLengths.size());
+}
+
 TEST(Reader, StreamsElementByElement) {
     const Bytes bytes = "0028 0010 'US' 0002 0200 FFFE E000 00000004"_bytes;
     VDicomFile stream;

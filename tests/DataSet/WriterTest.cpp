@@ -179,6 +179,16 @@ TEST(Writer, SizesAndOffsetsAreThoseOfTheBytesWritten) {
     }
 }
 
+TEST(Writer, GroupLengthsKeepTheirVR) {
+    const Bytes content = "0800 0000 'UN' 0000 04000000 00000000 0800 0500 'CS' 0200 'A '"_bytes;
+    VDicomDS dataSet;
+    ASSERT_EQ(Load(dataSet, Part10(kExplicit, content)), kDone);
+    const VDicomULong size = dataSet.GetOffsetElement(nullptr, 0);
+    EXPECT_EQ(Save(dataSet, 0).size(), size);
+    EXPECT_EQ(Save(dataSet, DICOM_FLAG_BARE | DICOM_TS_EXPLICIT_LITTLE),
+              "0800 0000 'UN' 0000 04000000 0A000000 0800 0500 'CS' 0200 'A '"_bytes);
+}
+
 TEST(Writer, FileMetaInformationStandsFirst) {
     // Groups below 0002 come after it in a file, and before it in the order of tags.
     const Bytes low = "0100 0100 'UN' 0000 02000000 0102 0800 0500 'CS' 0200 'A '"_bytes;
