@@ -1,4 +1,5 @@
 // Look-ups in the dictionaries, and what loading the library costs.
+#include "VDicomIOD.h"
 #include "VDicomTag.h"
 #include "VDicomUID.h"
 #include "VDicomVR.h"
@@ -109,6 +110,40 @@ void GenerateUID(benchmark::State& state) {
         benchmark::DoNotOptimize(VDicomUID::Generate(uid));
 }
 
+void FillIODs(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state)
+        VDicomIOD::Default();
+    state.SetItemsProcessed(state.iterations() * VDicomIOD::m_InfoIOD.GetCount(nullptr, 0));
+}
+
+void EmptyIODs(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state) {
+        VDicomIOD::Reset();
+        state.PauseTiming();
+        VDicomIOD::Default();
+        state.ResumeTiming();
+    }
+}
+
+void WalkIODs(benchmark::State& state) {
+    std::int64_t nodes = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        for (DICOMIOD* node = VDicomIOD::GetFirst(nullptr, 0); node != nullptr; node = VDicomIOD::GetNext(node, 0))
+            ++nodes;
+    }
+    state.SetItemsProcessed(nodes);
+}
+
+void Class(benchmark::State& state) {
+    constexpr VDicomULong classes[] = {0, 1, 45, 71, 111, 4711};
+    LookUp(state, classes, VDicomIOD::FindClass);
+}
+
+void Module(benchmark::State& state) {
+    constexpr VDicomULong modules[] = {0, 1, 3, 17, 184, 4711};
+    LookUp(state, modules, [](VDicomULong module) { return VDicomIOD::FindModule(1, module); });
+}
+
 BENCHMARK(FillTables)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FillAndEmptyTables)->Unit(benchmark::kMicrosecond);
 BENCHMARK(TagOfImageHeader);
@@ -123,5 +158,11 @@ BENCHMARK(CurrentTagOfRange);
 BENCHMARK(CurrentKeyword);
 BENCHMARK(PrivateTag);
 BENCHMARK(GenerateUID);
+BENCHMARK(FillIODs)->Unit(benchmark::kMicrosecond);
+BENCHMARK(EmptyIODs)->Unit(benchmark::kMicrosecond);
+BENCHMARK(WalkIODs)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Class);
+BENCHMARK(Module);
+BENCHMARK(Module)->Threads(2);
 
 } // namespace

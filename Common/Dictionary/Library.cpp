@@ -9,6 +9,7 @@ namespace vdicom {
 constinit ListStorage<VRList> g_vrs;
 constinit ListStorage<UIDList> g_uids;
 constinit ListStorage<TagList> g_tags;
+constinit ListStorage<IODTree> g_iods;
 
 namespace {
 
@@ -17,14 +18,17 @@ struct Library {
         new (&g_vrs.list) VRList;
         new (&g_uids.list) UIDList;
         new (&g_tags.list) TagList;
+        new (&g_iods.list) IODTree;
         g_vrs.list.Fill();
         g_uids.list.Fill();
         g_tags.list.Fill();
+        g_iods.list.Fill(); // behind the tags: it takes its names from there
     }
     ~Library() {
         g_vrs.list.Reset();
         g_uids.list.Reset();
         g_tags.list.Reset();
+        g_iods.list.Reset();
     }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
@@ -41,3 +45,4 @@ struct Library {
 constinit VDicomTree& VDicomVR::m_InfoVR = vdicom::g_vrs.list;
 constinit VDicomTree& VDicomUID::m_InfoUID = vdicom::g_uids.list;
 constinit VDicomTree& VDicomTag::m_InfoTag = vdicom::g_tags.list;
+constinit VDicomTreeEx& VDicomIOD::m_InfoIOD = vdicom::g_iods.list;

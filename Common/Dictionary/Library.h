@@ -2,6 +2,7 @@
 /// The process-wide tables' lists. They are filled when the library is loaded and emptied when it is unloaded.
 #pragma once
 
+#include "IODTree.h"
 #include "TableList.h"
 
 namespace vdicom {
@@ -18,9 +19,11 @@ template <class List> union ListStorage {
 extern ListStorage<VRList> g_vrs;
 extern ListStorage<UIDList> g_uids;
 extern ListStorage<TagList> g_tags;
+extern ListStorage<IODTree> g_iods;
 
 inline VRList& VRs() { return g_vrs.list; }
 inline UIDList& UIDs() { return g_uids.list; }
 inline TagList& Tags() { return g_tags.list; }
+inline IODTree& IODs() { return g_iods.list; }
 
 } // namespace vdicom

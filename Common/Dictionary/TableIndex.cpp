@@ -82,12 +82,18 @@ void TableIndex::Remove(std::uint64_t key, IndexLink* link) {
     link->nextSameKey = nullptr;
 }
 
+void TableIndex::Clear() {
+    std::vector<Slot>().swap(m_slots);
+    m_keys = 0;
+}
+
 void TableIndex::RemoveSlot(std::size_t slot) {
     // An emptied index gives its memory back: nothing else tells the end of a table's life.
-    if (--m_keys == 0) {
-        std::vector<Slot>().swap(m_slots);
+    if (m_keys == 1) {
+        Clear();
         return;
     }
+    --m_keys;
     // Every slot behind the gap that its own search would not reach any more moves into the gap.
     const std::size_t last = m_slots.size() - 1;
     std::size_t gap = slot;

@@ -30,6 +30,8 @@ public:
     /// The first entry with this key, or null; the others follow in nextSameKey.
     IndexLink* Find(std::uint64_t key) const;
     std::size_t KeyCount() const { return m_keys; }
+    /// Forgets every entry and gives the memory back; the entries' links are not touched.
+    void Clear();
 
 private:
     struct Slot {

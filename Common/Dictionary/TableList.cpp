@@ -53,6 +53,7 @@ void RowBlock::Release() {
     m_texts = nullptr;
     m_end = nullptr;
     m_nodeSize = 0;
+    m_used = 0;
 }
 
 char* CopyText(const char* text) {

@@ -29,12 +29,12 @@ public:
     /// The next node, 8-byte aligned, or null when there is none left or it would be too small.
     void* TakeNode(std::size_t size);
     void GiveBackNode();
+    /// Gives back everything, nodes in use among it.
+    void Release();
     bool Holds(const void* place) const;
     char* Texts() const { return m_texts; }
 
 private:
-    void Release();
-
     unsigned char* m_begin = nullptr;
     unsigned char* m_next = nullptr;
     char* m_texts = nullptr; ///< behind the nodes

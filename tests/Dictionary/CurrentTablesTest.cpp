@@ -1,4 +1,5 @@
 #include "CurrentRows.h"
+#include "FactRows.h"
 #include "RandomUID.h"
 #include "VDicomTag.h"
 #include "VDicomUID.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
@@ -171,24 +171,7 @@ TEST(PrivateTags, EveryRowIsFoundByItsOwnKey) {
 // The tables say what the facts say, read here by other code than the one that made them.
 class Facts : public testing::Test {
 protected:
-    using Row = std::vector<std::string>;
-    static std::vector<Row> Read(const char* name) {
-        std::ifstream file(std::string(VDICOM_SHARED) + "/data/" + name);
-        std::vector<Row> rows;
-        for (std::string line; std::getline(file, line);) {
-            Row row(1);
-            for (const char c : line) {
-                if (c == '\t')
-                    row.emplace_back();
-                else
-                    row.back() += c;
-            }
-            rows.push_back(row);
-        }
-        if (!rows.empty())
-            rows.erase(rows.begin());
-        return rows;
-    }
+    using Row = facts::Row;
     /// "US or SS", "OB_OW", "NONE" as Show has them.
     static std::string VR(const std::string& text) {
         if (text == "NONE")
@@ -210,8 +193,8 @@ protected:
 };
 
 TEST_F(Facts, OfTheBuiltInTablesAreTheirRowsInOrder) {
-    const auto tags = Read("tags.tsv");
-    const auto uids = Read("uids.tsv");
+    const auto tags = facts::Read("tags.tsv");
+    const auto uids = facts::Read("uids.tsv");
     if (tags.empty() || uids.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     DICOMTAG* tag = VDicomTag::GetFirst();
@@ -237,7 +220,7 @@ TEST_F(Facts, OfTheBuiltInTablesAreTheirRowsInOrder) {
 }
 
 TEST_F(Facts, OfTodaysAttributesAreInTheTable) {
-    const auto rows = Read("current/tags.tsv");
+    const auto rows = facts::Read("current/tags.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -253,7 +236,7 @@ TEST_F(Facts, OfTodaysAttributesAreInTheTable) {
 }
 
 TEST_F(Facts, OfTodaysUIDsAreInTheTable) {
-    const auto rows = Read("current/uids.tsv");
+    const auto rows = facts::Read("current/uids.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     for (const Row& row : rows) {
@@ -265,7 +248,7 @@ TEST_F(Facts, OfTodaysUIDsAreInTheTable) {
 }
 
 TEST_F(Facts, OfPrivateAttributesAreInTheTable) {
-    const auto rows = Read("current/private_tags.tsv");
+    const auto rows = facts::Read("current/private_tags.tsv");
     if (rows.empty())
         GTEST_SKIP() << "no facts below " << VDICOM_SHARED;
     // Rows that differ in the block byte alone stand for the same attribute.

@@ -1,21 +1,27 @@
 // The tables when memory runs out at the n-th allocation, and that they give all of it back. The allocation functions
 // of the whole test program are replaced here.
+#include "CountedMemory.h"
 #include "VDicomTag.h"
 #include "VDicomUID.h"
 #include "VDicomVR.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdlib>
 #include <new>
 #include <string>
 
-namespace {
+namespace memory {
 
 std::atomic<long> g_blocks{0};
 std::atomic<long> g_allocations{0};
-thread_local long g_failAfter = -1; ///< allocations of this thread that still succeed; -1: all
+thread_local long g_failAfter = -1;
+
+} // namespace memory
+
+namespace {
+
+using namespace memory;
 
 void* TakeMemory(std::size_t size) noexcept {
     if (g_failAfter == 0)
@@ -72,23 +78,6 @@ protected:
         VDicomVR::Reset();
         VDicomUID::Reset();
         VDicomTag::Reset();
-    }
-    /// Calls `operation` with memory for 0, 1, 2 ... allocations until it returns true, and `check` after each failure.
-    /// @return how often it failed
-    template <class Operation, class Check> static int FailEachTime(Operation operation, Check check) {
-        for (int allocations = 0; allocations < 20; ++allocations) {
-            const long blocks = g_blocks;
-            g_failAfter = allocations;
-            const bool done = operation();
-            g_failAfter = -1;
-            if (done)
-                return allocations;
-            const long left = g_blocks - blocks;
-            check();
-            EXPECT_LE(left, 0) << "memory was kept after " << allocations << " allocations";
-        }
-        ADD_FAILURE() << "never succeeded";
-        return -1;
     }
 };
 

@@ -3,9 +3,10 @@
 
 usage: make_tables.py [--check] FOLDER
 
-FOLDER holds tags.tsv, uids.tsv and, below current/, tags.tsv, uids.tsv and private_tags.tsv. The same facts always
-give the same sources, byte for byte. With --check nothing is written: the exit status is 1 when a source differs from
-what would be made. A fact that cannot be represented ends the program with status 2 and says which one it is.
+FOLDER holds tags.tsv, uids.tsv; below current/: tags.tsv, uids.tsv and private_tags.tsv; below iod/: classes.tsv,
+class_modules.tsv, modules.tsv, elements.tsv and query_levels.tsv. The same facts always give the same sources, byte
+for byte. With --check nothing is written: the exit status is 1 when a source differs from what would be made. A fact
+that cannot be represented ends the program with status 2 and says which one it is.
 """
 import os
 import re
@@ -354,6 +355,137 @@ def private_tags(folder):
     return "\n".join(lines + SOURCE_TAIL)
 
 
+# ---------------------------------------------------------------- information object definitions
+
+CLASS, MODULE, ELEMENT_ROW = range(3)
+MODULE_USAGE = {"M": 0, "C": 1, "U": 2}
+ELEMENT_USAGE = {"1": 3, "1C": 4, "2": 5, "2C": 6, "3": 7}
+KEY_USAGE = {"unique": 0, "required": 1, "optional": 2}
+CLASS_USAGE = 2
+MOST_IOD_TAGS = 2048  # kMostIODTags
+
+
+class IODNode:
+    def __init__(self, kind, code, name, usage, description):
+        self.kind, self.code, self.name, self.usage, self.description = kind, code, name, usage, description
+        self.children = []
+
+    def copy(self):
+        twin = IODNode(self.kind, self.code, self.name, self.usage, self.description)
+        twin.children = [child.copy() for child in self.children]
+        return twin
+
+    def child(self, kind, code):
+        for node in self.children:
+            if (node.kind, node.code) == (kind, code):
+                return node
+        raise BadFact("no %08X below %s" % (code, self.name))
+
+
+def element_trees(rows, usages):
+    """(key, order, depth, tag, name, usage, description) rows -> {key: top nodes}."""
+    trees, stacks = {}, {}
+    for key, _, depth, tag, name, usage, description in rows:
+        stack = stacks.setdefault(key, [])
+        if not 1 <= int(depth) <= len(stack) + 1:
+            raise BadFact("element %s of %s: depth %s below nothing" % (tag, key, depth))
+        del stack[int(depth) - 1:]
+        node = IODNode(ELEMENT_ROW, int(tag, 16), name, usages[usage], description)
+        (stack[-1].children if stack else trees.setdefault(key, [])).append(node)
+        stack.append(node)
+    return trees
+
+
+def iod_classes(folder):
+    """The class nodes with everything below them."""
+    arrays = element_trees(read(folder, "iod/elements.tsv", "array order depth tag name type description"),
+                           ELEMENT_USAGE)
+    queries = element_trees(read(folder, "iod/query_levels.tsv", "class order depth tag name key description"),
+                            KEY_USAGE)
+    modules = {number: (name, array) for number, name, array in read(folder, "iod/modules.tsv", "module name array")}
+    classes = {}
+    for number, name, uid in read(folder, "iod/classes.tsv", "class name sop_class_uid"):
+        classes[number] = IODNode(CLASS, int(number), name, CLASS_USAGE, uid)
+        classes[number].children = queries.get(number, [])
+    for owner, _, number, usage, array, parent in read(folder, "iod/class_modules.tsv",
+                                                       "class order module usage array parent"):
+        name, usual = modules[number]
+        module = IODNode(MODULE, int(number), name, MODULE_USAGE[usage], "")
+        module.children = [node.copy() for node in arrays[array or usual]]
+        place = classes[owner]
+        if parent:
+            above, *tags = parent.split("/")
+            place = place.child(MODULE, int(above))
+            for tag in tags:
+                place = place.child(ELEMENT_ROW, int(tag, 16))
+        place.children.append(module)
+    return list(classes.values())
+
+
+def iods(folder):
+    classes = iod_classes(folder)
+    texts = Texts()
+    texts.add("")  # offset 0: no text
+    tags, modules, arrays, order, counts = {}, {}, {}, [], [0, 0, 0]
+
+    def number_of(node):
+        """Elements and modules are named by their place in a table of codes and names."""
+        if node.kind == CLASS:
+            return node.code
+        table = tags if node.kind == ELEMENT_ROW else modules
+        known = table.setdefault(node.code, (len(table), node.name))
+        if known[1] != node.name:
+            raise BadFact("%08X has two names, %r and %r" % (node.code, known[1], node.name))
+        return known[0]
+
+    def array(nodes):
+        """The number of the array with these rows; equal arrays are kept once. 0 is the empty one."""
+        if not nodes:
+            return 0
+        if len({(node.kind, node.code) for node in nodes}) != len(nodes):
+            raise BadFact("a row stands twice beside %08X" % nodes[0].code)
+        rows = []
+        for node in nodes:
+            counts[node.kind] += 1
+            name = texts.add(node.name) if node.kind == CLASS else 0
+            rows.append((number_of(node), array(node.children), node.kind, node.usage, name,
+                         texts.add(node.description)))
+        rows = tuple(rows)
+        if rows not in arrays:
+            arrays[rows] = len(arrays) + 1
+            order.append(rows)
+        return arrays[rows]
+
+    top = array(classes)
+    first, starts, rows = 0, [0], []
+    for content in order:
+        starts.append(first)
+        first += len(content)
+        rows += ["{%d,%d,%d,%d,%d}" % (number, children, kind, usage, description)
+                 for number, children, kind, usage, _, description in content]
+    starts.append(first)
+    if max(first, len(order)) > 0xFFFF or len(tags) > MOST_IOD_TAGS:
+        raise BadFact("too many rows, arrays or tags for IODRows.h")
+    class_names = [name for _, _, _, _, name, _ in order[-1]]
+    names = ["{0x%08X,%d}" % (code, texts.add(name)) for code, (_, name) in tags.items()]
+    module_names = ["{%d,%d}" % (code, texts.add(name)) for code, (_, name) in modules.items()]
+    if [number for number, *_ in order[-1]] != list(range(len(class_names))) or top != len(order):
+        raise BadFact("the classes are not numbered from 0 on")
+
+    lines = source_head("IODRows.h", "The built-in information object definitions (PS3.3): classes, modules, elements.")
+    lines += ["// The row's name (kIODClasses, kIODModules or kIODTags), array of its children, kind, usage, description.",
+              "// Equal arrays stand once."]
+    lines += array_source("IODRow kIODRows", rows)
+    lines += array_source("std::uint16_t kIODArrays", [str(start) for start in starts])
+    lines += array_source("IODName kIODClasses", ["{%d,%d}" % (i, name) for i, name in enumerate(class_names)])
+    lines += array_source("IODName kIODModules", module_names)
+    lines += array_source("IODName kIODTags", names)
+    lines += texts.source("kIODTexts")
+    lines += ["const IODTable kIODTable = {%d, %d, %d, %d, %d};" % (len(order), counts[CLASS] + counts[MODULE],
+                                                                  counts[ELEMENT_ROW], len(names), texts.size), ""]
+    return "\n".join(lines + SOURCE_TAIL)
+
+
 def main(arguments):
     check = "--check" in arguments
     folders = [a for a in arguments if a != "--check"]
@@ -364,8 +496,8 @@ def main(arguments):
     try:
         sources = {"Tags.cpp": built_in_tags(folder), "VRs.cpp": built_in_vrs(), "UIDs.cpp": built_in_uids(folder),
                    "CurrentTags.cpp": current_tags(folder), "CurrentUIDs.cpp": current_uids(folder),
-                   "PrivateTags.cpp": private_tags(folder)}
-    except (BadFact, OSError, ValueError) as error:
+                   "PrivateTags.cpp": private_tags(folder), "IODs.cpp": iods(folder)}
+    except (BadFact, OSError, ValueError, KeyError) as error:
         print("make_tables.py: %s" % error, file=sys.stderr)
         return 2
     status = 0
