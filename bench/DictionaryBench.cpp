@@ -1,4 +1,5 @@
 // Look-ups in the dictionaries, and what loading the library costs.
+#include "VDicomContextGroup.h"
 #include "VDicomIOD.h"
 #include "VDicomTag.h"
 #include "VDicomUID.h"
@@ -144,6 +145,34 @@ void Module(benchmark::State& state) {
     LookUp(state, modules, [](VDicomULong module) { return VDicomIOD::FindModule(1, module); });
 }
 
+void LoadContextGroups(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state) {
+        VDicomContextGroup::Load(nullptr);
+        VDicomContextGroup::Reset();
+    }
+}
+
+void ContextGroup(benchmark::State& state) {
+    VDicomContextGroup::Load(nullptr);
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(VDicomContextGroup::Find("CID 7453"));
+        benchmark::DoNotOptimize(VDicomContextGroup::Find("cid 4711"));
+    }
+    state.SetItemsProcessed(state.iterations() * 2);
+    VDicomContextGroup::Reset();
+}
+
+void CodedConcept(benchmark::State& state) {
+    VDicomContextGroup::Load("CID 4");
+    DICOMCONTEXTGROUP* group = VDicomContextGroup::GetFirst();
+    const DICOMCODEDCONCEPT* last = VDicomContextGroup::GetLastCodedConcept(group);
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(
+            VDicomContextGroup::FindCodedConcept(group, last->pszCodingSchemeDesignator, last->pszCodeValue));
+    state.SetItemsProcessed(state.iterations());
+    VDicomContextGroup::Reset();
+}
+
 BENCHMARK(FillTables)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FillAndEmptyTables)->Unit(benchmark::kMicrosecond);
 BENCHMARK(TagOfImageHeader);
@@ -164,5 +193,8 @@ BENCHMARK(WalkIODs)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Class);
 BENCHMARK(Module);
 BENCHMARK(Module)->Threads(2);
+BENCHMARK(LoadContextGroups)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ContextGroup);
+BENCHMARK(CodedConcept);
 
 } // namespace

@@ -10,6 +10,7 @@ constinit ListStorage<VRList> g_vrs;
 constinit ListStorage<UIDList> g_uids;
 constinit ListStorage<TagList> g_tags;
 constinit ListStorage<IODTree> g_iods;
+constinit ListStorage<ContextGroupTree> g_contextGroups;
 
 namespace {
 
@@ -19,6 +20,7 @@ struct Library {
         new (&g_uids.list) UIDList;
         new (&g_tags.list) TagList;
         new (&g_iods.list) IODTree;
+        new (&g_contextGroups.list) ContextGroupTree(kContextGroupTable); // filled and emptied by applications alone
         g_vrs.list.Fill();
         g_uids.list.Fill();
         g_tags.list.Fill();
@@ -46,3 +48,4 @@ constinit VDicomTree& VDicomVR::m_InfoVR = vdicom::g_vrs.list;
 constinit VDicomTree& VDicomUID::m_InfoUID = vdicom::g_uids.list;
 constinit VDicomTree& VDicomTag::m_InfoTag = vdicom::g_tags.list;
 constinit VDicomTreeEx& VDicomIOD::m_InfoIOD = vdicom::g_iods.list;
+constinit VDicomTreeEx& VDicomContextGroup::m_ContextGroupsTable = vdicom::g_contextGroups.list;

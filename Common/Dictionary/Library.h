@@ -2,6 +2,7 @@
 /// The process-wide tables' lists. They are filled when the library is loaded and emptied when it is unloaded.
 #pragma once
 
+#include "ContextGroupTree.h"
 #include "IODTree.h"
 #include "TableList.h"
 
@@ -20,10 +21,12 @@ extern ListStorage<VRList> g_vrs;
 extern ListStorage<UIDList> g_uids;
 extern ListStorage<TagList> g_tags;
 extern ListStorage<IODTree> g_iods;
+extern ListStorage<ContextGroupTree> g_contextGroups;
 
 inline VRList& VRs() { return g_vrs.list; }
 inline UIDList& UIDs() { return g_uids.list; }
 inline TagList& Tags() { return g_tags.list; }
 inline IODTree& IODs() { return g_iods.list; }
+inline ContextGroupTree& ContextGroups() { return g_contextGroups.list; }
 
 } // namespace vdicom

@@ -4,9 +4,10 @@
 usage: make_tables.py [--check] FOLDER
 
 FOLDER holds tags.tsv, uids.tsv; below current/: tags.tsv, uids.tsv and private_tags.tsv; below iod/: classes.tsv,
-class_modules.tsv, modules.tsv, elements.tsv and query_levels.tsv. The same facts always give the same sources, byte
-for byte. With --check nothing is written: the exit status is 1 when a source differs from what would be made. A fact
-that cannot be represented ends the program with status 2 and says which one it is.
+class_modules.tsv, modules.tsv, elements.tsv and query_levels.tsv; below context_groups/: groups.tsv and concepts.tsv.
+The same facts always give the same sources, byte for byte. With --check nothing is written: the exit status is 1 when
+a source differs from what would be made. A fact that cannot be represented ends the program with status 2 and says
+which one it is.
 """
 import os
 import re
@@ -486,6 +487,49 @@ def iods(folder):
     return "\n".join(lines + SOURCE_TAIL)
 
 
+# ---------------------------------------------------------------- context groups
+
+MOST_INCLUDED = 7
+
+
+def context_groups(folder):
+    groups = read(folder, "context_groups/groups.tsv", "order cid name extensible year month day includes")
+    concepts = {}
+    for cid, _, designator, value, meaning in read(folder, "context_groups/concepts.tsv",
+                                                   "cid order designator value meaning"):
+        concepts.setdefault(cid, []).append((designator, value, meaning))
+    numbers = {row[1].lower(): number for number, row in enumerate(groups)}
+    if len(numbers) != len(groups) or set(cid.lower() for cid in concepts) - set(numbers):
+        raise BadFact("a context group stands twice, or a concept has none")
+    included = [[numbers[cid.lower()] for cid in row[7].split(",") if cid] for row in groups]
+
+    def check(number, path):
+        if number in path:
+            raise BadFact("%s includes itself" % groups[number][1])
+        for other in included[number]:
+            check(other, path + (number,))
+
+    texts, rows, places = Texts(), [], []
+    for number, (_, cid, name, extensible, year, month, day, _) in enumerate(groups):
+        check(number, ())
+        own = concepts.get(cid, [])
+        if len(included[number]) > MOST_INCLUDED or number > 0xFE or not all(all(concept) for concept in own):
+            raise BadFact("%s has too many inclusions, or a concept without a text" % cid)
+        others = ["%d" % (other + 1) for other in included[number]]
+        rows.append("{%d,%d,%d,%d,%d,%d,%d,{%s}}" % (texts.add(cid, name), len(places), len(own), int(extensible),
+                                                    int(year), int(month), int(day),
+                                                    ",".join(others + ["0"] * (MOST_INCLUDED - len(others)))))
+        places += [str(texts.add(*concept)) for concept in own]
+    lines = source_head("ContextGroupRows.h", "The built-in context groups (PS3.16) and their coded concepts.")
+    lines += ["// Texts, first concept, number of concepts, extensible, version, number of each included group from 1 on."]
+    lines += array_source("ContextGroupRow kContextGroupRows", rows)
+    lines += array_source("std::uint32_t kContextGroupConcepts", places)
+    lines += texts.source("kContextGroupTexts")
+    lines += ["const ContextGroupTable kContextGroupTable = {kContextGroupRows, %d, kContextGroupConcepts, "
+              "kContextGroupTexts};" % len(rows), ""]
+    return "\n".join(lines + SOURCE_TAIL)
+
+
 def main(arguments):
     check = "--check" in arguments
     folders = [a for a in arguments if a != "--check"]
@@ -496,7 +540,8 @@ def main(arguments):
     try:
         sources = {"Tags.cpp": built_in_tags(folder), "VRs.cpp": built_in_vrs(), "UIDs.cpp": built_in_uids(folder),
                    "CurrentTags.cpp": current_tags(folder), "CurrentUIDs.cpp": current_uids(folder),
-                   "PrivateTags.cpp": private_tags(folder), "IODs.cpp": iods(folder)}
+                   "PrivateTags.cpp": private_tags(folder), "IODs.cpp": iods(folder),
+                   "ContextGroups.cpp": context_groups(folder)}
     except (BadFact, OSError, ValueError, KeyError) as error:
         print("make_tables.py: %s" % error, file=sys.stderr)
         return 2
