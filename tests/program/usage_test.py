@@ -99,7 +99,7 @@ def test_completion_in_bash(folder):
     equal(complete("vdicom", "dump", "--o"), ["--offsets"])
     equal(complete("vdicom", "dump", "im"), ["image.dcm"])
     equal(complete("vdicom", "convert", "--to", "e"), ["explicit"])
-    equal(complete("vdicom", "dict", ""), ["tag", "vr", "uid"])
+    equal(complete("vdicom", "dict", ""), ["tag", "vr", "uid", "iod", "cid"])
 
 
 main(sys.modules[__name__])

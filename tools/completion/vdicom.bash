@@ -31,7 +31,7 @@ _vdicom() {
         ;;
     esac
     if [[ $command == dict && $current != -* ]]; then
-        choices='tag vr uid'
+        choices='tag vr uid iod cid'
     fi
     if [[ -n $choices ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$choices" -- "$current")

@@ -1,8 +1,10 @@
 /// @file DictCommand.cpp
-/// vdicom dict: looks attributes, value representations and UIDs up, by code or by a part of the name.
+/// vdicom dict: looks entries of the dictionaries up, by code or by a part of the name.
 
 #include "Commands.h"
+#include "DictTrees.h"
 #include "Message.h"
+#include "Needle.h"
 #include "Options.h"
 #include "Output.h"
 #include "TagPath.h"
@@ -25,9 +27,10 @@ namespace program {
 namespace {
 
 constexpr const char* kDescription =
-    "Looks up attributes (tag), value representations (vr) or unique identifiers (uid), by their code or by a part of\n"
-    "the name or keyword; upper and lower case do not count. The built-in tables come first, then what only today's\n"
-    "edition of the standard has.";
+    "Looks up attributes (tag), value representations (vr), unique identifiers (uid), classes with their modules and\n"
+    "elements (iod) or context groups with their concepts (cid), by their code or by a part of the name or keyword;\n"
+    "upper and lower case do not count. Of attributes and UIDs the built-in tables come first, then what only today's\n"
+    "edition of the standard has. A class or context group that is found alone is shown as a tree, several as a list.";
 
 constexpr const char* kFooter = "Examples:\n"
                                 "  vdicom dict tag 0010,0010\n"
@@ -35,32 +38,16 @@ constexpr const char* kFooter = "Examples:\n"
                                 "  vdicom dict tag '(0029,xx10,\"SIEMENS CSA HEADER\")'\n"
                                 "  vdicom dict vr DS\n"
                                 "  vdicom dict uid 1.2.840.10008.1.2.1\n"
-                                "  vdicom dict uid --json 'ct image'\n";
+                                "  vdicom dict uid --json 'ct image'\n"
+                                "  vdicom dict iod 'CT Image Storage'\n"
+                                "  vdicom dict iod --json 1.2.840.10008.5.1.4.1.1.2\n"
+                                "  vdicom dict cid 'CID 29'\n"
+                                "  vdicom dict cid laterality\n";
 
 /// One entry found: the texts of a line, and the members of a JSON object.
 struct Entry {
     std::vector<std::pair<const char*, std::string>> fields;
     bool retired = false;
-};
-
-std::string Lower(std::string_view text) {
-    std::string copy(text);
-    std::transform(copy.begin(), copy.end(), copy.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return copy;
-}
-
-/// Whether one of the texts holds what is looked for.
-class Needle {
-public:
-    explicit Needle(std::string_view text) : m_text(Lower(text)) {}
-    bool In(std::initializer_list<std::string_view> texts) const {
-        return std::any_of(texts.begin(), texts.end(),
-                           [this](std::string_view text) { return Lower(text).find(m_text) != std::string::npos; });
-    }
-
-private:
-    std::string m_text;
 };
 
 std::string MaskedTag(VDicomULong code, VDicomULong mask) {
@@ -304,7 +291,7 @@ void WriteJson(const std::vector<Entry>& found, Output& out) {
 int RunDict(int count, const char* const* arguments) {
     std::vector<std::string> words;
     bool json = false;
-    Options options("dict", "[OPTIONS] tag|vr|uid TEXT", kDescription, kFooter);
+    Options options("dict", "[OPTIONS] tag|vr|uid|iod|cid TEXT", kDescription, kFooter);
     options.Arguments("TEXT", words, 2, "the table, then a code or a part of a name");
     options.Flag("-j,--json", json, "a JSON array of objects");
     if (const std::optional<int> status = options.Parse(count, arguments))
@@ -313,6 +300,20 @@ int RunDict(int count, const char* const* arguments) {
     std::string text = words[1];
     for (std::size_t i = 2; i < words.size(); ++i)
         text += " " + words[i];
+    Output out(DICOM_STDOUT);
+    const auto end = [&](bool anything) {
+        if (!out.Flush())
+            return ReportOutputFailure(out);
+        if (!anything) {
+            Say(fmt::format("nothing is known as '{}'", text));
+            return static_cast<int>(kInputFailed);
+        }
+        return static_cast<int>(kDone);
+    };
+    if (words[0] == "iod")
+        return end(WriteClasses(text, json, out));
+    if (words[0] == "cid")
+        return end(WriteContextGroups(text, json, out));
     std::vector<Entry> found;
     if (words[0] == "tag")
         FindTags(text, found);
@@ -321,20 +322,13 @@ int RunDict(int count, const char* const* arguments) {
     else if (words[0] == "uid")
         FindUids(text, found);
     else
-        return options.Wrong(fmt::format("'{}' is no table; there are tag, vr and uid", words[0]));
+        return options.Wrong(fmt::format("'{}' is no table; there are tag, vr, uid, iod and cid", words[0]));
 
-    Output out(DICOM_STDOUT);
     if (json)
         WriteJson(found, out);
     else
         WriteLines(found, out);
-    if (!out.Flush())
-        return ReportOutputFailure(out);
-    if (found.empty()) {
-        Say(fmt::format("nothing is known as '{}'", text));
-        return kInputFailed;
-    }
-    return kDone;
+    return end(!found.empty());
 }
 
 } // namespace program
