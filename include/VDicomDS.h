@@ -52,7 +52,8 @@ public:
     /// data set the source's flags word, identification text and preamble are copied first. Values are converted to
     /// this data set's byte order. @param dstParent the parent of the copy; null: top level
     /// @return 0; DICOM_ERROR_PARAMETER (null source); DICOM_ERROR_STRUCTURE (the element cannot stand there);
-    ///         DICOM_ERROR_MEMORY; DICOM_ERROR_READ; DICOM_ERROR_WRITE. What was copied before a failure stays.
+    ///         DICOM_ERROR_DEPTH; DICOM_ERROR_MEMORY; DICOM_ERROR_READ; DICOM_ERROR_WRITE. What was copied before a
+    ///         failure stays.
     unsigned int CopyDS(DICOMELEMENT* dstParent, VDicomDS* src, DICOMELEMENT* srcElement);
     /// The identification text, at most 64 characters; emptied by ResetDS and copied by CopyDS.
     const char* GetIdentification() const;
@@ -308,8 +309,9 @@ public:
     /// @name Loading
     /// After a failure the elements read so far stay. Each call resets the data set first.
     /// @return of all: 0; DICOM_ERROR_OPEN; DICOM_ERROR_READ (truncated: the part that is there was kept);
-    ///         DICOM_ERROR_STRUCTURE; DICOM_ERROR_LENGTH; DICOM_ERROR_PARAMETER; DICOM_ERROR_FORMAT;
-    ///         DICOM_ERROR_DEPTH; DICOM_ERROR_DEFLATE; DICOM_ERROR_MEMORY. GetFault says where and why.
+    ///         DICOM_ERROR_END (the stream ends inside a sequence); DICOM_ERROR_STRUCTURE; DICOM_ERROR_LENGTH;
+    ///         DICOM_ERROR_PARAMETER; DICOM_ERROR_FORMAT; DICOM_ERROR_DEPTH; DICOM_ERROR_DEFLATE; DICOM_ERROR_WRITE
+    ///         (the temporary storage is full); DICOM_ERROR_MEMORY. GetFault says where and why.
     /// @{
     /// @param path UTF-8 @param flags 0, DICOM_FLAG_CARRY, DICOM_FLAG_OFFSETS
     unsigned int LoadDS(const char* path, unsigned short flags);
@@ -320,7 +322,8 @@ public:
     unsigned int LoadDS(VDicomFile* stream, unsigned short flags, unsigned short transferSyntax);
     /// Reads elements from the current position of a stream into `parent` (null: top level) until the stream ends, a
     /// delimiter closes the level, or `*length` bytes (null or DICOM_UNDEFINED: no limit) are used up; `*length`
-    /// becomes the number of bytes read. @param tsCode DICOM_TS_... The stream becomes the source of the elements.
+    /// becomes the number of bytes read. @param tsCode DICOM_TS_...; an empty data set takes it over, in another its
+    /// byte order must be the data set's (else DICOM_ERROR_PARAMETER). The stream becomes the source of the elements.
     unsigned int ReadSequence(VDicomFile* stream, DICOMELEMENT* parent, unsigned short tsCode, VDicomULong* length);
     /// Reads one header. `*vr` is 0xFFFF for implicit VR. @return 0; DICOM_ERROR_END; DICOM_ERROR_READ;
     ///         DICOM_ERROR_LENGTH (odd, and the data set is not in Part 10 form or has 50 bad elements)
@@ -355,7 +358,8 @@ public:
     /// and (0002,0010); (0002,0012) and (0002,0013) where they are missing.
     /// @return of all: 0; DICOM_ERROR_OPEN (in use, or cannot be created); DICOM_ERROR_WRITE; DICOM_ERROR_READ (a
     ///         value could not be read from the source); DICOM_ERROR_PARAMETER (big endian with implicit VR);
-    ///         DICOM_ERROR_SIZE (a value too long for a 16-bit length); DICOM_ERROR_MEMORY
+    ///         DICOM_ERROR_SIZE (a value too long for a 16-bit length); DICOM_ERROR_STRUCTURE (an element with a value
+    ///         has elements below it); DICOM_ERROR_MEMORY
     /// @{
     /// Saves to a file. The file appears whole or not at all: it is written beside its place, flushed and renamed, so
     /// that a full disk or a killed process leaves an old file as it was. Saving over the file that the data set was

@@ -22,11 +22,16 @@ bool DataSetState::EmptyScratch() {
 }
 
 bool DataSetState::IsLittleEndian(const DICOMELEMENT* e) const {
-    if ((flags & DICOM_FLAG_BIG) == 0 || GroupOf(e->nTag) == 2)
+    return GroupOf(e->nTag) == 2 || IsLittleEndianBelow(ParentOf(e));
+}
+
+bool DataSetState::IsLittleEndianBelow(const DICOMELEMENT* parent) const {
+    if ((flags & DICOM_FLAG_BIG) == 0)
         return true;
-    // What a "UN" of undefined length holds is implicit VR little endian everywhere (PS3.5 6.2.2).
-    for (const DICOMELEMENT* at = ParentOf(e); at != nullptr; at = ParentOf(at)) {
-        if (at->nVR == vr::UN)
+    // What a "UN" of undefined length holds is implicit VR little endian everywhere (PS3.5 6.2.2), and group 0002 is
+    // little endian with all in it.
+    for (const DICOMELEMENT* at = parent; at != nullptr; at = ParentOf(at)) {
+        if (at->nVR == vr::UN || GroupOf(at->nTag) == 2)
             return true;
     }
     return false;
@@ -64,10 +69,8 @@ std::string DataSetState::CreatorOf(const DICOMELEMENT* parent, VDicomULong tag)
     return creatorText;
 }
 
-void DataSetState::AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string words) {
-    // The one that ends a load is always kept.
-    const bool isError = code < DICOM_FAULT_TRANSFER_SYNTAX && code != DICOM_BAD_ELEMENT;
-    if (faults.size() < kMaxFaults || isError)
+void DataSetState::AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string words, bool isReason) {
+    if (faults.size() < kMaxFaults || isReason)
         faults.push_back({code, offset, tag, std::move(words)});
 }
 

@@ -48,6 +48,8 @@ public:
 
     /// Whether the value bytes of `e` are stored little endian: group 0002 always, content of "UN" sequences too.
     bool IsLittleEndian(const DICOMELEMENT* e) const;
+    /// The same for what stands below an element (null: at the top level).
+    bool IsLittleEndianBelow(const DICOMELEMENT* parent) const;
     /// How many bytes are swapped together when the raw value of `e` is turned into host order; 1: none.
     unsigned int SwapUnitOf(const DICOMELEMENT* e) const;
 
@@ -65,7 +67,8 @@ public:
     /// Called before an element and all below it are deleted: what is kept about them beside the tree is forgotten.
     void ElementsGone(const DICOMELEMENT* top);
 
-    void AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string text);
+    /// `isReason`: the load ends with it, so that it is kept in any case.
+    void AddFault(unsigned int code, VDicomUInt64 offset, VDicomULong tag, std::string text, bool isReason);
 
     static constexpr std::size_t kMaxBad = 50;
     static constexpr std::size_t kMaxFaults = 50;
@@ -93,6 +96,9 @@ public:
     std::string text; ///< what texts handed out as pointers are kept in
     std::string utf8; ///< a text on its way to UTF-8
     mutable CharacterSetCache characterSets;
+
+    /// Builds the key numbers of the directory records anew. Without memory for that there are none.
+    void BuildKeys();
 
     KeyIndex keys; ///< the directory records
     /// The offsets of (0004,1220) are those of the stream just loaded and have not been turned into numbers yet.

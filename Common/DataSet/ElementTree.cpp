@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <new>
 
 namespace vdicom {
 
@@ -40,6 +41,22 @@ struct ElementTree::Level {
             run->second.first = e;
         else if (ElementOf(e->Link.pPrev) == run->second.last)
             run->second.last = e;
+    }
+
+    // Lists the children by position. False without memory for that.
+    bool Order(DICOMELEMENT* first) {
+        if (ordered)
+            return true;
+        try {
+            order.clear();
+            order.reserve(count);
+            for (DICOMELEMENT* e = first; e != nullptr; e = NextOf(e))
+                order.push_back(e);
+            ordered = true;
+        } catch (const std::bad_alloc&) {
+            order.clear();
+        }
+        return ordered;
     }
 };
 
@@ -113,21 +130,25 @@ ElementTree::Level* ElementTree::FindLevel(const DICOMELEMENT* parent) const {
     return found == m_levels.end() ? nullptr : found->second.get();
 }
 
-ElementTree::Level& ElementTree::MakeLevel(const DICOMELEMENT* parent) const {
-    auto& slot = m_levels[parent];
-    slot = std::make_unique<Level>();
-    Level& level = *slot;
-    const DICOMELEMENT* before = nullptr;
-    for (DICOMELEMENT* e = FirstChild(parent); e != nullptr; e = NextOf(e)) {
-        ++level.count;
-        level.sorted = level.sorted && (before == nullptr || before->nTag <= e->nTag);
-        if (level.sorted)
-            level.Add(e);
-        before = e;
+ElementTree::Level* ElementTree::MakeLevel(const DICOMELEMENT* parent) const {
+    try {
+        auto level = std::make_unique<Level>();
+        const DICOMELEMENT* before = nullptr;
+        for (DICOMELEMENT* e = FirstChild(parent); e != nullptr; e = NextOf(e)) {
+            ++level->count;
+            level->sorted = level->sorted && (before == nullptr || before->nTag <= e->nTag);
+            if (level->sorted)
+                level->Add(e);
+            before = e;
+        }
+        if (!level->sorted)
+            level->tags.clear();
+        return (m_levels[parent] = std::move(level)).get();
+    } catch (const std::bad_alloc&) {
+        if (const auto found = m_levels.find(parent); found != m_levels.end() && found->second == nullptr)
+            m_levels.erase(found);
+        return nullptr;
     }
-    if (!level.sorted)
-        level.tags.clear();
-    return level;
 }
 
 DICOMELEMENT* ElementTree::LastChild(const DICOMELEMENT* parent) const {
@@ -143,9 +164,9 @@ DICOMELEMENT* ElementTree::FindChild(const DICOMELEMENT* parent, VDicomULong tag
             e = NextOf(e);
         if (steps <= kWide)
             return e;
-        level = &MakeLevel(parent);
+        level = MakeLevel(parent);
     }
-    if (level->sorted) {
+    if (level != nullptr && level->sorted) {
         const auto found = level->tags.find(tag);
         return found == level->tags.end() ? nullptr : found->second.first;
     }
@@ -162,26 +183,28 @@ DICOMELEMENT* ElementTree::FindLastChild(const DICOMELEMENT* parent, VDicomULong
         return found == level->tags.end() ? nullptr : found->second.last;
     }
     DICOMELEMENT* e = LastChild(parent);
-    while (e != nullptr && e->nTag != tag)
+    for (VDicomULong steps = 0; e != nullptr && e->nTag != tag; ++steps) {
+        if (level == nullptr && steps == kWide && MakeLevel(parent) != nullptr)
+            return FindLastChild(parent, tag);
         e = ElementOf(e->Link.pPrev);
+    }
     return e;
 }
 
 DICOMELEMENT* ElementTree::ChildAt(const DICOMELEMENT* parent, VDicomULong index) const {
     Level* level = FindLevel(parent);
     if (level == nullptr && index > kWide)
-        level = &MakeLevel(parent);
-    if (level != nullptr) {
-        if (index >= level->count)
-            return nullptr;
-        if (!level->ordered) {
-            level->order.clear();
-            level->order.reserve(level->count);
-            for (DICOMELEMENT* e = FirstChild(parent); e != nullptr; e = NextOf(e))
-                level->order.push_back(e);
-            level->ordered = true;
-        }
+        level = MakeLevel(parent);
+    if (level != nullptr && index >= level->count)
+        return nullptr;
+    // Both ends are reached as quickly by walking, also while the level grows there.
+    if (level != nullptr && index > kWide && level->count - index > kWide && level->Order(FirstChild(parent)))
         return level->order[index];
+    if (level != nullptr && index > level->count / 2) {
+        DICOMELEMENT* e = LastChild(parent);
+        for (VDicomULong at = level->count - 1; at > index; --at)
+            e = ElementOf(e->Link.pPrev);
+        return e;
     }
     DICOMELEMENT* e = FirstChild(parent);
     while (e != nullptr && index-- > 0)
@@ -194,36 +217,42 @@ VDicomULong ElementTree::CountChildren(const DICOMELEMENT* parent) const {
     if (level == nullptr) {
         VDicomULong count = 0;
         for (DICOMELEMENT* e = FirstChild(parent); e != nullptr; e = NextOf(e)) {
-            if (++count > kWide)
-                return MakeLevel(parent).count;
+            if (++count == kWide + 1)
+                level = MakeLevel(parent);
+            if (level != nullptr)
+                return level->count;
         }
         return count;
     }
     return level->count;
 }
 
-void ElementTree::Linked(DICOMELEMENT* e, const DICOMELEMENT* parent) {
+// False without memory to remember that the level is out of order.
+bool ElementTree::Linked(DICOMELEMENT* e, const DICOMELEMENT* parent) {
     const DICOMELEMENT* next = NextOf(e);
     const DICOMELEMENT* prev = ElementOf(e->Link.pPrev);
     const bool misplaced = (next != nullptr && next->nTag < e->nTag) || (prev != nullptr && prev->nTag > e->nTag);
     Level* level = FindLevel(parent);
-    if (level == nullptr) {
-        // An item before other elements: remembered, since the level can no longer be searched from its end.
-        if (misplaced)
-            MakeLevel(parent);
-        return;
-    }
+    // An item before other elements: remembered, since the level can no longer be searched from its end.
+    if (level == nullptr)
+        return !misplaced || MakeLevel(parent) != nullptr;
     ++level->count;
-    if (level->ordered && e->Link.pNext == nullptr)
-        level->order.push_back(e);
-    else
-        level->ordered = false;
     if (misplaced) {
         level->sorted = false;
         level->tags.clear();
     }
-    if (level->sorted)
-        level->Add(e);
+    try {
+        level->ordered = level->ordered && e->Link.pNext == nullptr;
+        if (level->ordered)
+            level->order.push_back(e);
+        if (level->sorted)
+            level->Add(e);
+    } catch (const std::bad_alloc&) {
+        level->ordered = false;
+        if (level->sorted)
+            m_levels.erase(parent);
+    }
+    return true;
 }
 
 void ElementTree::Unlinking(DICOMELEMENT* e) {
@@ -263,8 +292,12 @@ void ElementTree::LinkOrdered(DICOMELEMENT* e, DICOMELEMENT* parent) {
                 before = ElementOf(before->Link.pPrev);
                 continue;
             }
-            if (level == nullptr)
-                level = &MakeLevel(parent);
+            if (level == nullptr && steps == kWide)
+                level = MakeLevel(parent);
+            if (level == nullptr) {
+                before = ElementOf(before->Link.pPrev);
+                continue;
+            }
             const auto after = level->tags.upper_bound(e->nTag);
             before = after == level->tags.begin() ? nullptr : std::prev(after)->second.last;
         }
@@ -276,13 +309,16 @@ void ElementTree::LinkOrdered(DICOMELEMENT* e, DICOMELEMENT* parent) {
     Linked(e, parent);
 }
 
-void ElementTree::LinkItem(DICOMELEMENT* e, DICOMELEMENT* parent, VDicomULong index) {
+bool ElementTree::LinkItem(DICOMELEMENT* e, DICOMELEMENT* parent, VDicomULong index) {
     DICOMELEMENT* after = index == DICOM_UNDEFINED ? nullptr : ChildAt(parent, index);
     if (after == nullptr)
         Link(LinkOf(e), LinkOf(parent), DICOM_TREE_LAST_CHILD);
     else
         Link(LinkOf(e), LinkOf(after), DICOM_TREE_BEFORE);
-    Linked(e, parent);
+    if (Linked(e, parent))
+        return true;
+    Unlink(LinkOf(e));
+    return false;
 }
 
 void ElementTree::Erase(DICOMELEMENT* e) {

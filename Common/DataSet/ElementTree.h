@@ -50,8 +50,9 @@ public:
 
     /// Links an element under `parent` (null: top level) in tag order, behind elements of the same tag.
     void LinkOrdered(DICOMELEMENT* e, DICOMELEMENT* parent);
-    /// Links an item before the child number `index`, or as the last child.
-    void LinkItem(DICOMELEMENT* e, DICOMELEMENT* parent, VDicomULong index);
+    /// Links an item before the child number `index`, or as the last child. False, and nothing has changed, when memory
+    /// runs out.
+    bool LinkItem(DICOMELEMENT* e, DICOMELEMENT* parent, VDicomULong index);
     /// Deletes an element with all below it.
     void Erase(DICOMELEMENT* e);
     /// Deletes all.
@@ -85,8 +86,8 @@ private:
     };
 
     Level* FindLevel(const DICOMELEMENT* parent) const;
-    Level& MakeLevel(const DICOMELEMENT* parent) const;
-    void Linked(DICOMELEMENT* e, const DICOMELEMENT* parent);
+    Level* MakeLevel(const DICOMELEMENT* parent) const;
+    bool Linked(DICOMELEMENT* e, const DICOMELEMENT* parent);
     void Unlinking(DICOMELEMENT* e);
     ElementNode* TakeNode();
     void FreeNode(ElementNode* node);
@@ -94,7 +95,8 @@ private:
     std::vector<Chunk> m_chunks;
     std::size_t m_chunk = 0;        ///< the chunk that nodes are handed out from
     ElementNode* m_pFree = nullptr; ///< chain of given-back nodes by their pNext
-    /// Indexes of the levels that turned out to be wide, by the parent (null: top level). Made by look-ups too.
+    /// Indexes of the levels that turned out to be wide, by the parent (null: top level). Made by look-ups too. Without
+    /// memory for one the level is walked, but for a level out of order: its index says that it is.
     mutable std::unordered_map<const DICOMELEMENT*, std::unique_ptr<Level>> m_levels;
 };
 

@@ -21,12 +21,12 @@ constexpr unsigned char kSequenceDelimiterBytes[] = {0xFE, 0xFF, 0xDD, 0xE0};
 Reader::Reader(DataSetState& state) : m_state(state) {}
 
 unsigned int Reader::Fail(unsigned int code, VDicomULong tag, std::string text) {
-    m_state.AddFault(code, m_position, tag, std::move(text));
+    m_state.AddFault(code, m_position, tag, std::move(text), true);
     return code;
 }
 
 void Reader::Note(unsigned int code, VDicomULong tag, std::string text) {
-    m_state.AddFault(code, m_position, tag, std::move(text));
+    m_state.AddFault(code, m_position, tag, std::move(text), false);
 }
 
 void Reader::SetEncoding(Encoding encoding) {
@@ -50,7 +50,11 @@ unsigned int Reader::Load(VDicomFile& stream, unsigned short loadFlags, const En
         std::memcpy(m_state.preamble, head.data, sizeof m_state.preamble);
         m_state.flags = static_cast<unsigned short>(m_state.flags | DICOM_FLAG_PART10);
         m_position = kMetaStart;
-    } else if (given == nullptr && head.size > 0) {
+    } else {
+        // Not that of the file loaded before.
+        std::fill(std::begin(m_state.preamble), std::end(m_state.preamble), '\0');
+    }
+    if (!part10 && given == nullptr && head.size > 0) {
         bool sure = false;
         encoding = DetectEncoding(head, m_size, encoding, sure);
         if (!sure)
@@ -61,14 +65,12 @@ unsigned int Reader::Load(VDicomFile& stream, unsigned short loadFlags, const En
     m_syntax = {"", encoding, 0, false, false};
     SetEncoding(encoding);
     m_levels.push_back({nullptr, m_size, m_meta ? Encoding{} : encoding, Kind::top, false, 0});
-    unsigned int code = Run();
+    const unsigned int code = Run();
     if (m_meta)
         LeaveMeta();
     if (m_state.transferSyntax.empty() && !m_meta)
         m_state.transferSyntax = EncodingUID(encoding, false);
-    if (code == DICOM_OK && m_overrun)
-        code = DICOM_ERROR_STRUCTURE;
-    return code;
+    return code == DICOM_OK ? EndOfOverrun() : code;
 }
 
 unsigned int Reader::ReadLevel(VDicomFile& stream, DICOMELEMENT* parent, Encoding encoding, VDicomUInt64 position,
@@ -82,12 +84,10 @@ unsigned int Reader::ReadLevel(VDicomFile& stream, DICOMELEMENT* parent, Encodin
         kind = Kind::item;
     else if (parent != nullptr)
         kind = parent->nVR == vr::SQ || parent->nVR == vr::UN ? Kind::sequence : Kind::fragments;
-    m_levels.push_back({parent, std::min(end, m_size), encoding, kind, end < m_size || kind == Kind::top, 0});
-    unsigned int code = Run();
+    m_levels.push_back({parent, std::min(end, m_size), encoding, kind, false, 0});
+    const unsigned int code = Run();
     stopped = m_position;
-    if (code == DICOM_OK && m_overrun)
-        code = DICOM_ERROR_STRUCTURE;
-    return code;
+    return code == DICOM_OK ? EndOfOverrun() : code;
 }
 
 unsigned int Reader::Run() {
@@ -97,9 +97,11 @@ unsigned int Reader::Run() {
             Pop();
             continue;
         }
+        if (m_levels.size() == 1 && m_position >= Top().end)
+            return DICOM_OK;
         if (m_position >= m_size)
-            return m_levels.size() == 1 ? static_cast<unsigned int>(DICOM_OK) : EndOfStream();
-        if (m_levels.size() > 1 && m_position >= Top().end) {
+            return EndOfStream();
+        if (m_position >= Top().end) {
             Note(DICOM_FAULT_DELIMITER, Top().parent->nTag, "the enclosing element ends before this one is closed");
             Pop();
             continue;
@@ -111,6 +113,23 @@ unsigned int Reader::Run() {
             return code;
     }
     return DICOM_OK;
+}
+
+// Elements that run past the end of their parents are read all the same, but the load is no success.
+unsigned int Reader::EndOfOverrun() {
+    if (!m_overrun)
+        return DICOM_OK;
+    m_position = m_overrunPosition;
+    return Fail(DICOM_ERROR_STRUCTURE, m_overrunTag, "this element runs past the end of the enclosing element");
+}
+
+void Reader::NoteOverrun(VDicomULong tag, std::string text) {
+    Note(DICOM_FAULT_LENGTH, tag, std::move(text));
+    if (!m_overrun) {
+        m_overrunPosition = m_position;
+        m_overrunTag = tag;
+    }
+    m_overrun = true;
 }
 
 unsigned int Reader::EndOfStream() {
@@ -127,8 +146,7 @@ unsigned int Reader::ReadHeader(ElementHeader& header) {
                                                                  : "the stream ends inside an element header");
     if (m_position + header.size > top.end) {
         // Fewer bytes than a header are left of a level of defined length.
-        Note(DICOM_FAULT_LENGTH, header.tag, "an element header runs past the end of the enclosing element");
-        m_overrun = true;
+        NoteOverrun(header.tag, "an element header runs past the end of the enclosing element");
     }
     return DICOM_OK;
 }
@@ -281,7 +299,7 @@ unsigned int Reader::Push(DICOMELEMENT* parent, Kind kind, VDicomUInt64 end, boo
 }
 
 unsigned int Reader::AddElement(ElementHeader header) {
-    const Encoding encoding = Top().encoding;
+    const Encoding encoding = GroupOf(header.tag) == 2 ? Encoding{true, true} : Top().encoding;
     const VDicomUInt64 limit = std::min(Top().end, m_size);
     const VDicomUInt64 value = m_position + header.size;
     const bool undefined = header.length == DICOM_UNDEFINED;
@@ -295,10 +313,9 @@ unsigned int Reader::AddElement(ElementHeader header) {
 
     VDicomUInt64 available = limit > value ? limit - value : 0;
     if (header.length > available && available < m_size - std::min(value, m_size)) {
-        Note(DICOM_FAULT_LENGTH, header.tag,
-             "the length (" + std::to_string(header.length) + ") runs past the end of the enclosing element, " +
-                 std::to_string(available) + " bytes from here");
-        m_overrun = true;
+        NoteOverrun(header.tag, "the length (" + std::to_string(header.length) +
+                                    ") runs past the end of the enclosing element, " + std::to_string(available) +
+                                    " bytes from here");
         header.length = static_cast<VDicomULong>(available);
     }
     const bool truncated = header.length > available;
@@ -338,14 +355,15 @@ unsigned int Reader::AddElement(ElementHeader header) {
     if (m_meta && Top().kind == Kind::top) {
         if (header.tag == kTransferSyntaxUID)
             TakeTransferSyntax(e);
-        else if (header.tag == 0x00020000 && header.length == 4)
-            m_metaEnd = m_position + Get32(StreamAccess::View(*m_stream, value, 4).data, true);
+        else if (unsigned char bytes[4];
+                 header.tag == 0x00020000 && header.length == 4 && StreamAccess::ReadAt(*m_stream, value, bytes, 4))
+            m_metaEnd = m_position + Get32(bytes, true);
     }
     return DICOM_OK;
 }
 
 unsigned int Reader::AddUndefined(DICOMELEMENT* e, const ElementHeader& header, VDicomUInt64 value) {
-    Encoding encoding = Top().encoding;
+    Encoding encoding = GroupOf(header.tag) == 2 ? Encoding{true, true} : Top().encoding;
     const VDicomUInt64 limit = Top().end;
     if (header.tag == kItem) {
         if (Top().kind == Kind::fragments)
@@ -362,7 +380,14 @@ unsigned int Reader::AddUndefined(DICOMELEMENT* e, const ElementHeader& header, 
         if (in.size >= kLongestHeader &&
             VDicomTagCode(Get16(in.data, true), Get16(in.data + 2, true)) != kSequenceDelimiter) {
             bool sure = false;
-            encoding = DetectEncoding(in, m_size - value - 8, encoding, sure);
+            const Encoding found = DetectEncoding(in, m_size - value - 8, encoding, sure);
+            if (found.explicitVR && found == Top().encoding) {
+                // What is encoded like all around it is a plain sequence; as "UN" its values would be misread.
+                Note(DICOM_FAULT_VR, header.tag, "a sequence with explicit VRs under the VR \"UN\"; taken as \"SQ\"");
+                e->nVR = vr::SQ;
+            }
+            if (found.littleEndian || e->nVR == vr::SQ)
+                encoding = found;
         }
     }
     if (BeginsWithItem(value, m_size, encoding) || (isSequence && value >= m_size)) {
@@ -453,18 +478,17 @@ unsigned int Reader::Inflate() {
     std::string reason;
     const unsigned int code =
         InflateStream(*m_stream, m_position, m_state.inflated, m_state.tempPath, m_state.inflateLimit, reason);
-    if (code != DICOM_OK)
-        Fail(code, 0, reason);
     if (code == DICOM_ERROR_WRITE || code == DICOM_ERROR_OPEN)
-        return code;
+        return Fail(code, 0, reason);
     // The inflated stream begins with what stands before the deflated part, so that positions go on.
     m_stream = &m_state.inflated;
     m_size = StreamAccess::Size(*m_stream);
     Top().end = m_size;
     m_syntax.deflated = false;
     const unsigned int rest = m_position < m_size ? Run() : static_cast<unsigned int>(DICOM_OK);
+    // What was inflated has been read; the reason why it ends there comes last.
     if (code != DICOM_OK)
-        return code;
+        return Fail(code, 0, reason);
     return rest != DICOM_OK ? rest : kStop;
 }
 

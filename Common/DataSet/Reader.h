@@ -39,6 +39,8 @@ private:
     unsigned int Run();
     unsigned int StepHeader();
     unsigned int EndOfStream();
+    unsigned int EndOfOverrun();
+    void NoteOverrun(VDicomULong tag, std::string text);
     void LeaveMeta();
     unsigned int ReadHeader(ElementHeader& header);
     bool HandleItem(const ElementHeader& header);
@@ -67,11 +69,13 @@ private:
     std::size_t m_base = 0;      ///< levels of the tree above the first of m_levels
     std::vector<Level> m_levels;
     TransferSyntax m_syntax{"", {}, 0, false, false};
-    bool m_meta = false;        ///< reading group 0002, or it may come
-    bool m_loading = false;     ///< a whole stream: group 0002 and transfer syntaxes mean something
-    bool m_named = false;       ///< (0002,0010) was there
-    bool m_overrun = false;     ///< a length ran past the end of its parent
-    VDicomUInt64 m_metaEnd = 0; ///< where (0002,0000) says that the group ends; 0: it says nothing
+    bool m_meta = false;    ///< reading group 0002, or it may come
+    bool m_loading = false; ///< a whole stream: group 0002 and transfer syntaxes mean something
+    bool m_named = false;   ///< (0002,0010) was there
+    bool m_overrun = false; ///< a length ran past the end of its parent
+    VDicomUInt64 m_overrunPosition = 0;
+    VDicomULong m_overrunTag = 0; ///< of the first that did
+    VDicomUInt64 m_metaEnd = 0;   ///< where (0002,0000) says that the group ends; 0: it says nothing
     /// The private block looked at last, since a block's elements follow each other.
     struct {
         const DICOMELEMENT* parent = nullptr;

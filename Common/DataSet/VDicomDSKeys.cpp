@@ -1,5 +1,6 @@
 // VDicomDS: directory records by key number.
 #include "DataSetState.h"
+#include "Guarded.h"
 
 #include <cctype>
 #include <cstring>
@@ -52,12 +53,11 @@ const KeyIndex::Record* LinksOf(const DataSetState& state, DICOMELEMENT* e) {
 // An offset element's reference; the bytes are made when the data set is saved.
 bool SetReference(VDicomDS& dataSet, DICOMELEMENT* parent, VDicomULong tag, VDicomULong key) {
     DICOMELEMENT* e = dataSet.FindFirstElement(parent, tag, 1);
-    if (e == nullptr) {
+    if (e == nullptr)
         e = dataSet.InsertElement(parent, 1, tag, vr::UL, 0, 0);
-        const VDicomLong zero = 0;
-        if (e == nullptr || dataSet.SetLongValue(e, &zero, 1) == 0)
-            return false;
-    }
+    const VDicomLong zero = 0;
+    if (e == nullptr || (e->nLength != sizeof zero && dataSet.SetLongValue(e, &zero, 1) == 0))
+        return false;
     e->nKey = key;
     return true;
 }
@@ -154,11 +154,6 @@ DICOMELEMENT* VDicomDS::DeleteKey(DICOMELEMENT* e) {
             break;
         at = after;
     }
-    for (const VDicomULong key : {previous, next, parent}) {
-        if (key != 0)
-            StoreReferences(key);
-    }
-    StoreReferences(0);
     const VDicomULong result = next != 0 ? next : (previous != 0 ? previous : parent);
     return state.keys.ItemOf(result);
 }
@@ -262,8 +257,10 @@ const char* VDicomDS::GetValueKey(DICOMELEMENT* e) {
     DICOMELEMENT* item = GetItemKey(e);
     if (item == nullptr)
         return nullptr;
-    m_pState->text = RecordType(*m_pState, item).text;
-    return m_pState->text.c_str();
+    return Guarded<const char*>(nullptr, [&] {
+        m_pState->text = RecordType(*m_pState, item).text;
+        return m_pState->text.c_str();
+    });
 }
 
 VDicomULong VDicomDS::GetAvailableKey() { return m_pState->keys.Available(); }
@@ -285,13 +282,17 @@ DICOMELEMENT* VDicomDS::FindAttachKey(DICOMELEMENT* from, VDicomULong tag) {
 
 void VDicomDS::RefreshKeys() {
     DataSetState& state = *m_pState;
+    Guarded(0, [&] {
+        state.BuildKeys();
+        return 0;
+    });
+}
+
+namespace {
+
+void LinkRecords(DataSetState& state, const DICOMELEMENT* records) {
     const ElementTree& tree = state.tree;
-    state.keys.Clear();
-    const DICOMELEMENT* records = tree.FindChild(nullptr, kDirectoryRecords);
-    if (records == nullptr)
-        return;
     const bool fromOffsets = state.keysFromOffsets;
-    state.keysFromOffsets = false;
     std::unordered_map<VDicomUInt64, VDicomULong> byOffset;
     // Numbers that records have already are kept; the others get free ones behind them.
     for (DICOMELEMENT* item = FirstChildOf(records); item != nullptr; item = NextOf(item)) {
@@ -330,4 +331,19 @@ void VDicomDS::RefreshKeys() {
     }
     const DICOMELEMENT* first = tree.FindChild(nullptr, kFirstRecord);
     state.keys.LinkAll(first == nullptr ? 0 : first->nKey, tree);
+}
+
+} // namespace
+
+void DataSetState::BuildKeys() {
+    keys.Clear();
+    const DICOMELEMENT* records = tree.FindChild(nullptr, kDirectoryRecords);
+    try {
+        if (records != nullptr)
+            LinkRecords(*this, records);
+    } catch (const std::bad_alloc&) {
+        keys.Clear();
+        throw;
+    }
+    keysFromOffsets = false;
 }

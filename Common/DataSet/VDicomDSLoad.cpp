@@ -1,37 +1,24 @@
 // VDicomDS: loading streams, files and memory, and what the last load found wrong.
 #include "DefaultVR.h"
+#include "Guarded.h"
 #include "Reader.h"
 
 #include <algorithm>
-#include <new>
 
 using namespace vdicom;
 
-namespace {
-
-// No exception leaves the library; running out of memory is the only one that loading can meet.
-template <typename Work> unsigned int Guarded(Work work) {
-    try {
-        return work();
-    } catch (const std::bad_alloc&) {
-        return DICOM_ERROR_MEMORY;
-    }
-}
-
-} // namespace
-
 unsigned int VDicomDS::LoadDS(const char* path, unsigned short flags) {
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         ResetDS(1);
         DataSetState& state = *m_pState;
-        if (path == nullptr)
+        if (path == nullptr || state.frozen)
             return DICOM_ERROR_PARAMETER;
         if (state.loadStream.Open(path, DICOM_FILE_MODE_LOAD) == 0) {
             state.error = state.loadStream.GetError();
             return DICOM_ERROR_OPEN;
         }
         if (StreamAccess::Size(state.loadStream) == 0) {
-            state.AddFault(DICOM_ERROR_READ, 0, 0, "the file is empty");
+            state.AddFault(DICOM_ERROR_READ, 0, 0, "the file is empty", true);
             return DICOM_ERROR_READ;
         }
         const unsigned int code = FinishLoad(Reader(state).Load(state.loadStream, flags, nullptr));
@@ -40,10 +27,10 @@ unsigned int VDicomDS::LoadDS(const char* path, unsigned short flags) {
 }
 
 unsigned int VDicomDS::LoadDSMemory(const unsigned char* buffer, VDicomULong size, unsigned short flags) {
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         ResetDS(1);
         DataSetState& state = *m_pState;
-        if (state.loadStream.Open(nullptr, DICOM_FILE_MODE_MEMORY) == 0 ||
+        if (state.frozen || state.loadStream.Open(nullptr, DICOM_FILE_MODE_MEMORY) == 0 ||
             state.loadStream.SetMemoryBuffer(buffer, size, 1) == 0)
             return DICOM_ERROR_PARAMETER;
         const unsigned int code = FinishLoad(Reader(state).Load(state.loadStream, flags, nullptr));
@@ -52,9 +39,9 @@ unsigned int VDicomDS::LoadDSMemory(const unsigned char* buffer, VDicomULong siz
 }
 
 unsigned int VDicomDS::LoadDS(VDicomFile* stream, unsigned short flags, unsigned short transferSyntax) {
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         ResetDS(1);
-        if (stream == nullptr || stream->IsOpen() == 0)
+        if (stream == nullptr || stream->IsOpen() == 0 || m_pState->frozen)
             return DICOM_ERROR_PARAMETER;
         const Encoding given = Encoding::FromFlags(transferSyntax);
         return FinishLoad(Reader(*m_pState).Load(*stream, flags, transferSyntax == 0 ? nullptr : &given));
@@ -64,7 +51,7 @@ unsigned int VDicomDS::LoadDS(VDicomFile* stream, unsigned short flags, unsigned
 unsigned int VDicomDS::FinishLoad(unsigned int code) {
     if (m_pState->tree.FindChild(nullptr, kDirectoryRecords) != nullptr) {
         m_pState->keysFromOffsets = true;
-        RefreshKeys();
+        m_pState->BuildKeys();
     }
     if (code != DICOM_OK)
         m_pState->error = m_pState->source->GetError();
@@ -73,19 +60,24 @@ unsigned int VDicomDS::FinishLoad(unsigned int code) {
 
 unsigned int VDicomDS::ReadSequence(VDicomFile* stream, DICOMELEMENT* parent, unsigned short tsCode,
                                     VDicomULong* length) {
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         DataSetState& state = *m_pState;
-        if (stream == nullptr || stream->IsOpen() == 0 || !state.Check(parent))
+        if (stream == nullptr || stream->IsOpen() == 0 || !state.Check(parent) || state.frozen)
+            return DICOM_ERROR_PARAMETER;
+        const Encoding encoding = Encoding::FromFlags(tsCode);
+        // Values keep the byte order that they are stored in, which is one for the whole data set.
+        if (state.tree.First() == nullptr)
+            state.flags = static_cast<unsigned short>((state.flags & ~0x003C) | encoding.Code());
+        else if (encoding.littleEndian != state.IsLittleEndianBelow(parent))
             return DICOM_ERROR_PARAMETER;
         const VDicomUInt64 start = stream->Tell64();
         VDicomUInt64 end = StreamAccess::Size(*stream);
         if (length != nullptr && *length != DICOM_UNDEFINED)
             end = std::min(end, start + *length);
         VDicomUInt64 stopped = start;
-        const unsigned int code =
-            Reader(state).ReadLevel(*stream, parent, Encoding::FromFlags(tsCode), start, end, stopped);
+        const unsigned int code = Reader(state).ReadLevel(*stream, parent, encoding, start, end, stopped);
         if (length != nullptr)
-            *length = static_cast<VDicomULong>(stopped - start);
+            *length = static_cast<VDicomULong>(std::min<VDicomUInt64>(stopped - start, DICOM_UNDEFINED));
         stream->Seek64(static_cast<VDicomInt64>(stopped), 0);
         return code;
     });
@@ -124,7 +116,10 @@ unsigned int VDicomDS::Read(VDicomFile* stream, void* buffer, VDicomULong size, 
 }
 
 unsigned short VDicomDS::GetDefaultVR(DICOMELEMENT* parent, VDicomULong tag, unsigned int compressed) {
-    return m_pState->Check(parent) ? DefaultVR(*m_pState, parent, tag, compressed != 0, nullptr) : 0;
+    const DataSetState& state = *m_pState;
+    if (!state.Check(parent))
+        return 0;
+    return Guarded<unsigned short>(vr::UN, [&] { return DefaultVR(state, parent, tag, compressed != 0, nullptr); });
 }
 
 unsigned int VDicomDS::FixBadElements() {

@@ -1,5 +1,6 @@
 // VDicomDS: what can be said of Pixel Data without decoding it.
 #include "DataSetState.h"
+#include "Guarded.h"
 
 #include <algorithm>
 #include <vector>
@@ -80,7 +81,7 @@ unsigned int VDicomDS::IsBadPixelData(VDicomULong* bad, VDicomULong* good) {
         if (pixelBits == 0 || samples == 0)
             obtained = 0;
         else if (IsUndefinedLength(pixels))
-            obtained = GoodFrames(*this, state, pixels, frames);
+            obtained = Guarded(VDicomUInt64{0}, [&] { return GoodFrames(*this, state, pixels, frames); });
         else if (pixelBits > UINT64_MAX / samples)
             obtained = 0;
         else

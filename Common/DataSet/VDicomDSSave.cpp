@@ -1,10 +1,10 @@
 // VDicomDS: saving, file meta information, and the sizes and offsets that go with it.
+#include "Guarded.h"
 #include "SavePlan.h"
 #include "VDicomUID.h"
 #include "Writer.h"
 
 #include <cstring>
-#include <new>
 
 using namespace vdicom;
 
@@ -27,6 +27,9 @@ bool SetMeta(VDicomDS& dataSet, const DataSetState& state, VDicomULong tag, unsi
     DICOMELEMENT* e = state.tree.FindChild(nullptr, tag);
     if (e != nullptr && TextOf(state, e) == text)
         return true;
+    // One whose VR cannot hold a text gives way.
+    if (e != nullptr && e->nVR != vr)
+        dataSet.DeleteElement(e);
     return dataSet.FindSetValue(nullptr, tag, vr, text.c_str(), 1) != 0;
 }
 
@@ -75,6 +78,10 @@ bool VDicomDS::PrepareMeta(const SavePlan& plan) {
          !SetMeta(*this, state, kImplementationVersion, vr::SH, kImplementationVersionName)))
         return false;
     DICOMELEMENT* length = state.tree.FindChild(nullptr, kMetaLength);
+    if (length != nullptr && (length->nVR != vr::UL || IsUndefinedLength(length))) {
+        DeleteElement(length);
+        length = nullptr;
+    }
     if (length == nullptr)
         length = state.Append(nullptr, kMetaLength, vr::UL, false);
     // The value as well, so that who asks for it after saving sees what was written.
@@ -91,8 +98,11 @@ unsigned int VDicomDS::SaveDS(const char* path, unsigned short flags) {
     state.error = 0;
     if (path == nullptr)
         return DICOM_ERROR_PARAMETER;
-    if (!PlanSave(state, flags).possible)
-        return DICOM_ERROR_PARAMETER;
+    const auto isPossible = [&]() -> unsigned int {
+        return PlanSave(state, flags).possible ? DICOM_OK : DICOM_ERROR_PARAMETER;
+    };
+    if (const unsigned int code = Guarded<unsigned int>(DICOM_ERROR_MEMORY, isPossible); code != DICOM_OK)
+        return code;
     VDicomFile file;
     if (!StreamAccess::OpenReplacement(file, path)) {
         state.error = file.GetError();
@@ -112,12 +122,7 @@ unsigned int VDicomDS::SaveDS(const char* path, unsigned short flags) {
 unsigned int VDicomDS::SaveDS(VDicomFile* stream, unsigned short flags) {
     if (stream == nullptr || stream->IsOpen() == 0)
         return DICOM_ERROR_PARAMETER;
-    unsigned int code = DICOM_OK;
-    try {
-        code = WriteAll(*stream, flags);
-    } catch (const std::bad_alloc&) {
-        code = DICOM_ERROR_MEMORY;
-    }
+    const auto code = Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&] { return WriteAll(*stream, flags); });
     if (code != DICOM_OK) {
         m_pState->error = code == DICOM_ERROR_WRITE ? stream->GetError() : 0;
         stream->Close(1);
@@ -143,14 +148,12 @@ unsigned int VDicomDS::WriteAll(VDicomFile& stream, unsigned short flags) {
 unsigned int VDicomDS::WriteSequence(VDicomFile* stream, DICOMELEMENT* parent, unsigned short flags) {
     if (stream == nullptr || !m_pState->Check(parent))
         return DICOM_ERROR_PARAMETER;
-    const SavePlan plan = PlanSave(*m_pState, flags);
-    if (!plan.possible)
-        return DICOM_ERROR_PARAMETER;
-    try {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
+        const SavePlan plan = PlanSave(*m_pState, flags);
+        if (!plan.possible)
+            return DICOM_ERROR_PARAMETER;
         return Writer(*m_pState, *stream, plan.encoding, plan.bare).WriteLevel(parent);
-    } catch (const std::bad_alloc&) {
-        return DICOM_ERROR_MEMORY;
-    }
+    });
 }
 
 unsigned int VDicomDS::WriteElement(VDicomFile* stream, VDicomULong tag, unsigned short vr, VDicomULong length,
@@ -207,17 +210,21 @@ VDicomULong VDicomDS::GetLengthElement(VDicomULong tag, unsigned short vr, VDico
 VDicomULong VDicomDS::GetLengthGroup(DICOMELEMENT* e, unsigned short flags) {
     if (e == nullptr || !m_pState->Check(e))
         return DICOM_UNDEFINED;
-    const SavePlan plan = PlanSave(*m_pState, flags);
-    if (ParentOf(e) == nullptr && GroupOf(e->nTag) == 2 && !PrepareMeta(plan))
-        return DICOM_UNDEFINED;
-    return Narrow(Layout(*m_pState, plan.encoding, plan.bare).SizeOfGroup(e));
+    return Guarded(DICOM_UNDEFINED, [&] {
+        const SavePlan plan = PlanSave(*m_pState, flags);
+        if (ParentOf(e) == nullptr && GroupOf(e->nTag) == 2 && !PrepareMeta(plan))
+            return DICOM_UNDEFINED;
+        return Narrow(Layout(*m_pState, plan.encoding, plan.bare).SizeOfGroup(e));
+    });
 }
 
 VDicomULong VDicomDS::GetLengthSequence(DICOMELEMENT* e, unsigned short flags) {
     if (e == nullptr || !m_pState->Check(e))
         return DICOM_UNDEFINED;
-    const SavePlan plan = PlanSave(*m_pState, flags);
-    return Narrow(Layout(*m_pState, plan.encoding, plan.bare).SizeBelow(e));
+    return Guarded(DICOM_UNDEFINED, [&] {
+        const SavePlan plan = PlanSave(*m_pState, flags);
+        return Narrow(Layout(*m_pState, plan.encoding, plan.bare).SizeBelow(e));
+    });
 }
 
 VDicomULong VDicomDS::GetOffsetElement(DICOMELEMENT* e, unsigned short flags) {
@@ -227,11 +234,13 @@ VDicomULong VDicomDS::GetOffsetElement(DICOMELEMENT* e, unsigned short flags) {
 VDicomUInt64 VDicomDS::GetOffsetElement64(DICOMELEMENT* e, unsigned short flags) {
     if (!m_pState->Check(e))
         return DICOM_UNDEFINED;
-    const SavePlan plan = PlanSave(*m_pState, flags);
-    if (!PrepareMeta(plan))
-        return DICOM_UNDEFINED;
-    const Layout layout(*m_pState, plan.encoding, plan.bare);
-    return plan.Prefix() + (e != nullptr ? layout.OffsetOf(e) : layout.SizeBelow(nullptr));
+    return Guarded(VDicomUInt64{DICOM_UNDEFINED}, [&] {
+        const SavePlan plan = PlanSave(*m_pState, flags);
+        if (!PrepareMeta(plan))
+            return VDicomUInt64{DICOM_UNDEFINED};
+        const Layout layout(*m_pState, plan.encoding, plan.bare);
+        return plan.Prefix() + (e != nullptr ? layout.OffsetOf(e) : layout.SizeBelow(nullptr));
+    });
 }
 
 VDicomULong VDicomDS::GetElementOffset(DICOMELEMENT* e) { return Narrow(GetElementOffset64(e)); }

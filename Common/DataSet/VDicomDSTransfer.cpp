@@ -1,9 +1,10 @@
 // VDicomDS: transfer syntaxes of the data set in memory, and copying between data sets.
+#include "Guarded.h"
 #include "SavePlan.h"
 
 #include <array>
 #include <memory>
-#include <new>
+#include <vector>
 
 using namespace vdicom;
 
@@ -11,24 +12,28 @@ namespace {
 
 constexpr VDicomULong kTransferSyntaxUID = 0x00020010;
 
-// Stores a value anew in the other byte order, through a bounded buffer. The old bytes stay until all is written.
-unsigned int SwapValue(DataSetState& state, DICOMELEMENT* e, unsigned int unit) {
+// A value that has been stored anew in the other byte order and waits to be taken.
+struct Swapped {
+    DICOMELEMENT* element;
+    VDicomUInt64 place;
+};
+
+// Stores a value anew in the other byte order, through a bounded buffer. The element keeps its old bytes.
+unsigned int SwapValue(DataSetState& state, DICOMELEMENT* e, unsigned int unit, VDicomUInt64& place) {
     VDicomFile* scratch = state.Scratch();
     if (scratch == nullptr)
         return DICOM_ERROR_WRITE;
     constexpr VDicomULong chunk = 64 * 1024;
     const auto buffer = std::make_unique<std::array<unsigned char, chunk>>();
-    VDicomUInt64 start = 0;
     VDicomULong held = 0;
-    VDicomULong stored = 0;
+    bool isFirst = true;
     const auto flush = [&] {
         SwapUnits(buffer->data(), held, unit);
         VDicomUInt64 at = 0;
         if (!StreamAccess::Append(*scratch, buffer->data(), held, at))
             return false;
-        if (stored == 0)
-            start = at;
-        stored += held;
+        place = isFirst ? at : place;
+        isFirst = false;
         held = 0;
         return true;
     };
@@ -46,11 +51,19 @@ unsigned int SwapValue(DataSetState& state, DICOMELEMENT* e, unsigned int unit) 
     }
     if (held != 0 && !flush())
         return DICOM_ERROR_WRITE;
-    // One piece replaces them all.
-    e->pPieceOffset[0] = static_cast<VDicomOffset>(start);
-    e->pPieceStream[0] = scratch;
-    e->pPieceSize[0] = stored;
-    e->nCountPiece = 1;
+    return static_cast<VDicomOffset>(place) == place ? DICOM_OK : DICOM_ERROR_SIZE;
+}
+
+// Stores every value anew that is stored differently in the other byte order.
+unsigned int SwapValues(DataSetState& state, std::vector<Swapped>& values) {
+    for (DICOMELEMENT* e = state.tree.First(); e != nullptr; e = ElementOf(state.tree.GetNext(&e->Link, 0))) {
+        const unsigned int unit = IsUndefinedLength(e) ? 1 : state.SwapUnitOf(e);
+        if (unit == 1 || e->nLength == 0)
+            continue;
+        values.push_back({e, 0});
+        if (const unsigned int code = SwapValue(state, e, unit, values.back().place); code != DICOM_OK)
+            return code;
+    }
     return DICOM_OK;
 }
 
@@ -58,7 +71,9 @@ unsigned int SwapValue(DataSetState& state, DICOMELEMENT* e, unsigned int unit) 
 
 unsigned int VDicomDS::GetTS(unsigned short* code, VDicomLong* compression, const char* uid) {
     bool isNamed = uid != nullptr;
-    const TransferSyntax syntax = isNamed ? FindTransferSyntax(uid) : NamedTransferSyntax(*m_pState, isNamed);
+    const TransferSyntax syntax = Guarded(FindTransferSyntax(uid), [&] {
+        return uid != nullptr ? FindTransferSyntax(uid) : NamedTransferSyntax(*m_pState, isNamed);
+    });
     if (code != nullptr)
         *code = syntax.encoding.Code();
     if (compression != nullptr)
@@ -70,9 +85,13 @@ unsigned int VDicomDS::SetTS(unsigned short code, VDicomLong compression) {
     DataSetState& state = *m_pState;
     if (code != DICOM_TS_IMPLICIT_LITTLE && code != DICOM_TS_EXPLICIT_LITTLE && code != DICOM_TS_EXPLICIT_BIG)
         return DICOM_ERROR_PARAMETER;
-    bool isNamed = false;
-    const TransferSyntax own = NamedTransferSyntax(state, isNamed);
-    if (own.compression != compression)
+    VDicomLong own = 0;
+    GetTS(nullptr, &own, nullptr);
+    if (own != compression)
+        return DICOM_ERROR_UNSUPPORTED;
+    // Fragments under a transfer syntax that nobody knows are compressed all the same.
+    const DICOMELEMENT* pixels = state.tree.FindChild(nullptr, kPixelData);
+    if (compression == 0 && pixels != nullptr && IsUndefinedLength(pixels))
         return DICOM_ERROR_UNSUPPORTED;
     if (compression != 0)
         return code == DICOM_TS_EXPLICIT_LITTLE ? DICOM_OK : DICOM_ERROR_PARAMETER;
@@ -82,36 +101,31 @@ unsigned int VDicomDS::SetTS(unsigned short code, VDicomLong compression) {
     const unsigned short oldFlags = state.flags;
     constexpr unsigned short encodingBits = 0x003C | DICOM_FLAG_DEFLATED;
     const auto newFlags = static_cast<unsigned short>((state.flags & ~encodingBits) | code);
-    try {
+    std::vector<Swapped> values;
+    const auto result = Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
+        std::string uid = EncodingUID(wanted, false);
         // Which values change is the same in both directions, and told by the flags of the big endian side.
         state.flags = toBig ? newFlags : oldFlags;
-        for (DICOMELEMENT* e = state.tree.First(); swaps && e != nullptr;
-             e = ElementOf(state.tree.GetNext(&e->Link, 0))) {
-            const unsigned int unit = IsUndefinedLength(e) ? 1 : state.SwapUnitOf(e);
-            if (unit == 1 || e->nLength == 0)
-                continue;
-            // A failure in between would leave both byte orders, so it undoes what was swapped before.
-            if (const unsigned int result = SwapValue(state, e, unit); result != DICOM_OK) {
-                for (DICOMELEMENT* back = state.tree.First(); back != e;
-                     back = ElementOf(state.tree.GetNext(&back->Link, 0))) {
-                    const unsigned int backUnit = IsUndefinedLength(back) ? 1 : state.SwapUnitOf(back);
-                    if (backUnit != 1 && back->nLength != 0)
-                        SwapValue(state, back, backUnit);
-                }
-                state.flags = oldFlags;
-                return result;
-            }
-            ElementTree::FreeTypeValue(e);
-        }
-        state.flags = newFlags;
-        state.transferSyntax = EncodingUID(wanted, false);
-        if (FindSetValue(nullptr, kTransferSyntaxUID, vr::UI, state.transferSyntax.c_str(), 1) == 0)
+        if (const unsigned int swapped = swaps ? SwapValues(state, values) : DICOM_OK; swapped != DICOM_OK)
+            return swapped;
+        if (FindSetValue(nullptr, kTransferSyntaxUID, vr::UI, uid.c_str(), 1) == 0)
             return DICOM_ERROR_WRITE;
-    } catch (const std::bad_alloc&) {
-        state.flags = oldFlags;
-        return DICOM_ERROR_MEMORY;
+        state.transferSyntax.swap(uid);
+        return DICOM_OK;
+    });
+    state.flags = result == DICOM_OK ? newFlags : oldFlags;
+    // Nothing fails any more: all values change, or none has.
+    for (const Swapped& value : values) {
+        DICOMELEMENT* e = value.element;
+        if (result != DICOM_OK)
+            break;
+        e->pPieceOffset[0] = static_cast<VDicomOffset>(value.place);
+        e->pPieceStream[0] = state.Scratch();
+        e->pPieceSize[0] = e->nLength;
+        e->nCountPiece = 1;
+        ElementTree::FreeTypeValue(e);
     }
-    return DICOM_OK;
+    return result;
 }
 
 unsigned int VDicomDS::ChangeTransferSyntax(const char* uid, VDicomLong, VDicomULong) {
@@ -122,16 +136,22 @@ unsigned int VDicomDS::ChangeTransferSyntax(const char* uid, VDicomLong, VDicomU
         return DICOM_ERROR_PARAMETER;
     DataSetState& state = *m_pState;
     if (wanted.compression != 0) {
-        const std::string own = TextOf(state, state.tree.FindChild(nullptr, kTransferSyntaxUID));
-        return own == uid ? DICOM_OK : DICOM_ERROR_UNSUPPORTED;
+        return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
+            const std::string own = TextOf(state, state.tree.FindChild(nullptr, kTransferSyntaxUID));
+            return own == uid ? DICOM_OK : DICOM_ERROR_UNSUPPORTED;
+        });
     }
     const unsigned int code = SetTS(wanted.encoding.Code(), 0);
     if (code != DICOM_OK || !wanted.deflated)
         return code;
-    state.flags = static_cast<unsigned short>(state.flags | DICOM_FLAG_DEFLATED);
-    state.transferSyntax = EncodingUID(wanted.encoding, true);
-    return FindSetValue(nullptr, kTransferSyntaxUID, vr::UI, state.transferSyntax.c_str(), 1) != 0 ? DICOM_OK
-                                                                                                   : DICOM_ERROR_WRITE;
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
+        std::string deflated = EncodingUID(wanted.encoding, true);
+        if (FindSetValue(nullptr, kTransferSyntaxUID, vr::UI, deflated.c_str(), 1) == 0)
+            return DICOM_ERROR_WRITE;
+        state.transferSyntax.swap(deflated);
+        state.flags = static_cast<unsigned short>(state.flags | DICOM_FLAG_DEFLATED);
+        return DICOM_OK;
+    });
 }
 
 const char* VDicomDS::GetTransferSyntaxUID() const { return m_pState->transferSyntax.c_str(); }
@@ -175,24 +195,25 @@ unsigned int VDicomDS::CopyDS(DICOMELEMENT* dstParent, VDicomDS* src, DICOMELEME
         return DICOM_ERROR_STRUCTURE;
     // Numbers mean nothing among the records of another directory.
     const bool withKeys = state.keys.IsEmpty();
-    unsigned int code = DICOM_OK;
-    try {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&] {
         if (state.tree.First() == nullptr) {
             const DataSetState& other = *src->m_pState;
-            state.flags = other.flags;
             state.transferSyntax = other.transferSyntax;
+            state.flags = other.flags;
             std::copy(std::begin(other.identification), std::end(other.identification), state.identification);
             std::copy(std::begin(other.preamble), std::end(other.preamble), state.preamble);
         }
+        unsigned int code = DICOM_OK;
         if (srcElement != nullptr) {
             code = CopyTreeDS(dstParent, *src, srcElement, withKeys);
         } else {
             for (const DICOMELEMENT* e = src->m_pState->tree.First(); e != nullptr && code == DICOM_OK; e = NextOf(e))
                 code = CopyTreeDS(dstParent, *src, e, withKeys);
         }
-    } catch (const std::bad_alloc&) {
-        code = DICOM_ERROR_MEMORY;
-    }
-    RefreshKeys();
-    return code;
+        // Only what stands in the directory of records can change it.
+        const DICOMELEMENT* place = dstParent != nullptr ? ElementOf(state.tree.GetRoot(&dstParent->Link)) : srcElement;
+        if (place == nullptr || place->nTag == kDirectoryRecords || IsOffsetTag(place->nTag))
+            state.BuildKeys();
+        return code;
+    });
 }

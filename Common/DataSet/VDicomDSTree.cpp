@@ -34,6 +34,8 @@ void VDicomDS::ResetDS() { ResetDS(1); }
 
 void VDicomDS::ResetDS(unsigned int closeSource) {
     DataSetState& state = *m_pState;
+    if (state.frozen)
+        return;
     state.tree.EraseAll();
     state.EmptyScratch();
     state.flags = DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE;
@@ -54,6 +56,8 @@ void VDicomDS::ResetDS(unsigned int closeSource) {
 }
 
 void VDicomDS::InitDS(VDicomULong, unsigned short flags) {
+    if (m_pState->frozen)
+        return;
     ResetDS(1);
     unsigned short& word = m_pState->flags;
     word = static_cast<unsigned short>(word & ~0x00C0);
@@ -242,10 +246,12 @@ DICOMELEMENT* VDicomDS::InsertElement(DICOMELEMENT* neighbour, unsigned int chil
     const bool undefined = vr == vr::SQ || sequence != 0;
     try {
         DICOMELEMENT* e = state.tree.Create(tag, vr, undefined ? DICOM_UNDEFINED : 0, state.ScratchSlot());
-        if (tag == kItem)
-            state.tree.LinkItem(e, parent, index);
-        else
+        if (tag != kItem) {
             state.tree.LinkOrdered(e, parent);
+        } else if (!state.tree.LinkItem(e, parent, index)) {
+            state.tree.Discard(e);
+            return nullptr;
+        }
         return e;
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -261,7 +267,16 @@ DICOMELEMENT* VDicomDS::DeleteElement(DICOMELEMENT* e) {
         result = ElementOf(e->Link.pPrev);
     if (result == nullptr)
         result = ParentOf(e);
+    const KeyIndex::Record* record = e->nKey == 0 ? nullptr : state.keys.Find(e->nKey);
+    const bool isRecord = record != nullptr && record->item == e;
+    const VDicomULong previous = isRecord ? record->previous : 0;
+    const VDicomULong above = isRecord ? record->parent : 0;
     state.ElementsGone(e);
     state.tree.Erase(e);
+    // The records that referred to a deleted one refer to the one behind it.
+    if (isRecord) {
+        StoreReferences(previous);
+        StoreReferences(above);
+    }
     return result;
 }

@@ -28,6 +28,16 @@ const DICOMELEMENT* SkipMeta(const DICOMELEMENT* e) {
     return e;
 }
 
+// Whether an element holds the offset of a record: at the top level and in records alone.
+bool IsOffset(const DICOMELEMENT* e) {
+    const DICOMELEMENT* item = ParentOf(e);
+    if (item == nullptr)
+        return e->nTag == kFirstRecord || e->nTag == kLastRecord;
+    const DICOMELEMENT* records = ParentOf(item);
+    return IsOffsetTag(e->nTag) && item->nKey != 0 && records != nullptr && records->nTag == kDirectoryRecords &&
+           ParentOf(records) == nullptr;
+}
+
 // The raw bytes of a value as they are stored, piece by piece, in parts of at most kChunk bytes. `jump` may deal with
 // the start of a large piece by itself: it is given the stream, the place and the size, and tells how much it did.
 template <typename Jump, typename Take> unsigned int ForEachPart(const DICOMELEMENT* e, Jump jump, Take take) {
@@ -56,21 +66,24 @@ template <typename Jump, typename Take> unsigned int ForEachPart(const DICOMELEM
 
 } // namespace
 
-Encoding Layout::EncodingFor(const DICOMELEMENT* parent, Encoding outer) const {
-    return parent != nullptr && parent->nVR == vr::UN ? kImplicitLittle : outer;
+Encoding Layout::EncodingFor(const DICOMELEMENT* parent, Encoding outer) {
+    if (parent != nullptr && parent->nVR == vr::UN)
+        return kImplicitLittle;
+    return parent != nullptr && GroupOf(parent->nTag) == 2 ? Encoding{true, true} : outer;
 }
 
 Encoding Layout::EncodingBelow(const DICOMELEMENT* parent) const {
     for (const DICOMELEMENT* at = parent; at != nullptr; at = ParentOf(at)) {
-        if (at->nVR == vr::UN)
-            return kImplicitLittle;
+        if (at->nVR == vr::UN || GroupOf(at->nTag) == 2)
+            return EncodingFor(at, m_encoding);
     }
     return m_encoding;
 }
 
 unsigned short Layout::OutputVR(const DICOMELEMENT* e, Encoding encoding) {
     const unsigned short code = ElementVR(e);
-    if (!encoding.explicitVR || HasLongHeader(code) || IsContainer(e) || PaddedLength(e) <= 0xFFFF)
+    if ((!encoding.explicitVR && GroupOf(e->nTag) != 2) || HasLongHeader(code) || IsContainer(e) ||
+        PaddedLength(e) <= 0xFFFF)
         return code;
     return vr::UN;
 }
@@ -230,7 +243,7 @@ VDicomUInt64 Writer::GroupSize(const DICOMELEMENT* e) {
 unsigned int Writer::WriteOne(const DICOMELEMENT* e, Encoding encoding) {
     if (IsGroupLength(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4)
         return WriteNumber(e, GroupSize(e), encoding);
-    if (m_hasRecords && IsOffsetTag(e->nTag) && !Layout::IsContainer(e) && e->nLength == 4) {
+    if (m_hasRecords && IsOffset(e) && !Layout::IsContainer(e) && e->nLength == 4) {
         const auto record = m_records.find(e->nKey);
         return WriteNumber(e, record == m_records.end() ? 0 : record->second, encoding);
     }
@@ -243,7 +256,7 @@ unsigned int Writer::WriteOne(const DICOMELEMENT* e, Encoding encoding) {
     if (!IsUndefinedLength(e) && e->nLength != 0)
         return DICOM_ERROR_STRUCTURE;
     unsigned int code = WriteHeader(e->nTag, outputVR, DICOM_UNDEFINED, encoding);
-    const Encoding inner = e->nVR == vr::UN ? kImplicitLittle : encoding;
+    const Encoding inner = Layout::EncodingFor(e, encoding);
     if (code == DICOM_OK)
         code = WriteLevel(e, inner);
     if (code == DICOM_OK)
@@ -274,7 +287,7 @@ void Writer::LayOutRecords(VDicomUInt64 start) {
     for (const DICOMELEMENT* item = FirstChildOf(records); item != nullptr; item = NextOf(item)) {
         if (item->nKey != 0)
             m_records[item->nKey] = offset;
-        offset += m_layout.SizeOf(item, encoding);
+        offset += m_layout.SizeOf(item, m_layout.EncodingBelow(records));
     }
 }
 

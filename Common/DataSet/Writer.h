@@ -18,6 +18,8 @@ public:
 
     /// The encoding of what stands below `parent` (null: top level).
     Encoding EncodingBelow(const DICOMELEMENT* parent) const;
+    /// The same where that of `parent` itself is known.
+    static Encoding EncodingFor(const DICOMELEMENT* parent, Encoding outer);
     /// The VR that is written: "UN" for none, and where a value is too long for its VR's 16-bit length (PS3.5 6.2.2).
     static unsigned short OutputVR(const DICOMELEMENT* e, Encoding encoding);
     /// Whether an element is written as a run of items closed by a delimiter.
@@ -40,7 +42,6 @@ public:
     VDicomUInt64 OffsetOf(const DICOMELEMENT* e) const;
 
 private:
-    Encoding EncodingFor(const DICOMELEMENT* parent, Encoding outer) const;
     VDicomUInt64 SizeBelow(const DICOMELEMENT* parent, Encoding encoding) const;
 
     const DataSetState& m_state;

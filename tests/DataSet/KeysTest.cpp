@@ -101,6 +101,24 @@ TEST(Keys, NavigationAndNumbers) {
     patient = dataSet.GetFirstKey(nullptr);
     dataSet.DeleteElement(dataSet.GetChildKey(patient));
     EXPECT_EQ(Outline(dataSet, nullptr), "PATIENT(VISIT) PATIENT(STUDY)");
+    VDicomDS read;
+    ASSERT_EQ(Load(read, Save(dataSet, 0)), kDone);
+    EXPECT_EQ(Outline(read, nullptr), "PATIENT(VISIT) PATIENT(STUDY)") << "nor in the file";
+}
+
+TEST(Keys, OffsetsElsewhereAreValuesLikeOthers) {
+    VDicomDS dataSet;
+    Build(dataSet);
+    DICOMELEMENT* sequence = dataSet.InsertElement(dataSet.GetFirstKey(nullptr), 1, 0x00081140, 0, 0, 0);
+    DICOMELEMENT* item = dataSet.InsertElement(sequence, 1, 0xFFFEE000, 0, 1, 0);
+    const VDicomLong number = 4711;
+    ASSERT_NE(dataSet.FindSetValue(item, 0x00041420, vdicom::vr::UL, &number, 1), 0u);
+    VDicomDS read;
+    ASSERT_EQ(Load(read, Save(dataSet, 0)), kDone);
+    VDicomLong found = 0;
+    DICOMELEMENT* e = read.FindFirstElement(read.GetFirstKey(nullptr), 0x00081140, 1);
+    ASSERT_NE(read.FindGetValue(read.GetChildElement(e, 1), 0x00041420, 2, &found, sizeof found), 0u);
+    EXPECT_EQ(found, number);
 }
 
 TEST(Keys, DamagedChainsCannotMakeAWalkGoInCircles) {

@@ -272,6 +272,77 @@ TEST(Reader, DepthLimitLoadLimitAndOffsets) {
     EXPECT_EQ(dataSet.GetElementOffset(dataSet.FindFirstElement(nullptr, 0x00280010, 1)), 0u) << "not asked for";
 }
 
+TEST(Reader, ExplicitSequencesUnderUNKeepTheirValues) {
+    const Bytes little = "0800 0500 'CS' 0200 'A ' 0900 1010 'UN' 0000 FFFFFFFF FEFF 00E0 FFFFFFFF "
+                         "2800 1000 'US' 0200 0002 FEFF 0DE0 00000000 FEFF DDE0 00000000"_bytes;
+    const Bytes big = "0008 0005 'CS' 0002 'A ' 0009 1010 'UN' 0000 FFFFFFFF FFFE E000 FFFFFFFF "
+                      "0028 0010 'US' 0002 0200 FFFE E00D 00000000 FFFE E0DD 00000000"_bytes;
+    for (const Bytes& bytes : {Part10(kExplicit, little), Part10(kBig, big)}) {
+        VDicomDS dataSet;
+        ASSERT_EQ(Load(dataSet, bytes), kDone);
+        const std::string expected = "(0009,1010) SQ u\n  (FFFE,E000) OB u\n    (0028,0010) US 2: 00 02\n";
+        EXPECT_EQ(Describe(dataSet, 0x00090000), expected);
+        VDicomDS read;
+        ASSERT_EQ(Load(read, Save(dataSet, DICOM_TS_EXPLICIT_LITTLE)), kDone);
+        EXPECT_EQ(Describe(read, 0x00090000), expected);
+    }
+}
+
+TEST(Reader, TheReasonComesLastHoweverManyFaultsThereAre) {
+    Bytes noisy;
+    for (int i = 0; i < 60; ++i)
+        noisy = noisy + "FEFF DDE0 00000000"_bytes;
+    const Bytes overrun = "0800 4011 'SQ' 0000 12000000 FEFF 00E0 0A000000 0800 5011 'UI' 0800 '1.' "
+                          "2800 1000 'US' 0200 0002 FEFF DDE0 00000000"_bytes;
+    const Bytes cut = "2800 1000 'OB' 0000 F0FFFFFF 0102"_bytes;
+    VDicomDS dataSet;
+    EXPECT_EQ(Load(dataSet, Part10(kExplicit, noisy + cut)), static_cast<unsigned int>(DICOM_ERROR_READ));
+    EXPECT_EQ(Faults(dataSet).back(), static_cast<unsigned int>(DICOM_FAULT_TRUNCATED));
+    EXPECT_EQ(Load(dataSet, Part10(kExplicit, noisy + overrun)), static_cast<unsigned int>(DICOM_ERROR_STRUCTURE));
+    ASSERT_EQ(dataSet.GetCountFault(), 51u);
+    DICOMFAULT fault;
+    ASSERT_NE(dataSet.GetFault(50, &fault), 0u);
+    EXPECT_EQ(fault.nCode, static_cast<unsigned int>(DICOM_ERROR_STRUCTURE));
+    EXPECT_EQ(fault.nTag, 0x00081150u);
+}
+
+TEST(Reader, NothingOfTheFileBeforeIsLeft) {
+    Bytes first = Part10(kExplicit, "0800 0500 'CS' 0200 'A '"_bytes);
+    first[0] = 'P';
+    VDicomDS dataSet;
+    ASSERT_EQ(Load(dataSet, first), kDone);
+    ASSERT_EQ(Load(dataSet, "0800 0500 'CS' 0200 'A '"_bytes), kDone);
+    char preamble[1] = {'x'};
+    ASSERT_EQ(dataSet.GetPreamble(preamble, 1), 1u);
+    EXPECT_EQ(preamble[0], '\0');
+}
+
+TEST(Reader, LevelsEndAtTheirDelimiterAndKeepTheByteOrder) {
+    const Bytes bytes = "0028 0010 'US' 0002 0200 FFFE E00D 00000000 0028 0011 'US' 0002 0100"_bytes;
+    VDicomFile stream;
+    ASSERT_NE(stream.Open(nullptr, DICOM_FILE_MODE_MEMORY), 0u);
+    ASSERT_NE(stream.SetMemoryBuffer(bytes.data(), static_cast<VDicomULong>(bytes.size()), 1), 0u);
+    VDicomDS dataSet;
+    DICOMELEMENT* sequence = dataSet.InsertElement(nullptr, 0, 0x00081140, 0, 0, 0);
+    DICOMELEMENT* item = dataSet.InsertElement(sequence, 1, 0xFFFEE000, 0, 1, 0);
+    VDicomULong length = 20;
+    EXPECT_EQ(dataSet.ReadSequence(&stream, item, DICOM_TS_EXPLICIT_BIG, &length),
+              static_cast<unsigned int>(DICOM_ERROR_PARAMETER))
+        << "the data set is little endian";
+    VDicomDS big;
+    big.InitDS(0, DICOM_TS_EXPLICIT_BIG);
+    sequence = big.InsertElement(nullptr, 0, 0x00081140, 0, 0, 0);
+    item = big.InsertElement(sequence, 1, 0xFFFEE000, 0, 1, 0);
+    ASSERT_EQ(big.ReadSequence(&stream, item, DICOM_TS_EXPLICIT_BIG, &length), kDone);
+    EXPECT_EQ(length, 18u);
+    EXPECT_EQ(big.GetCountElement(item), 1u);
+    // An empty data set takes the encoding over.
+    ASSERT_NE(stream.Seek(18, 0), 0u);
+    ASSERT_EQ(dataSet.DeleteElement(dataSet.FindFirstElement(nullptr, 0x00081140, 1)), nullptr);
+    ASSERT_EQ(dataSet.ReadSequence(&stream, nullptr, DICOM_TS_EXPLICIT_BIG, nullptr), kDone);
+    EXPECT_EQ(Describe(dataSet), "(0028,0011) US 2: 00 01\n");
+}
+
 // Each took minutes when every element was looked for from the start of its level.
 TEST(Reader, WideLevelsOutOfOrderTakeLinearTime) {
     constexpr unsigned int count = 60000;

@@ -235,6 +235,35 @@ TEST(Tree, WideSequencesKeepTheirItemsInPlace) {
     EXPECT_EQ(dataSet.GetIndexElement(sequence, 0), late) << "before the first child with a greater tag";
 }
 
+TEST(Tree, NothingChangesWhileConformanceIsChecked) {
+    struct Frozen : VDicomDS {
+        void Set(bool frozen) { m_pState->frozen = frozen; }
+    };
+    Frozen dataSet;
+    const Bytes bytes = "0800 0500 'CS' 0200 'A '"_bytes;
+    ASSERT_EQ(Load(dataSet, bytes), 0u);
+    const std::string before = Describe(dataSet);
+    VDicomDS other;
+    ASSERT_NE(other.InsertElement(nullptr, 0, 0x00100010, 0, 0, 0), nullptr);
+    VDicomFile stream;
+    stream.Open(nullptr, DICOM_FILE_MODE_MEMORY);
+    stream.SetMemoryBuffer(bytes.data(), static_cast<VDicomULong>(bytes.size()), 1);
+    dataSet.Set(true);
+    EXPECT_EQ(dataSet.InsertElement(nullptr, 0, 0x00100010, 0, 0, 0), nullptr);
+    EXPECT_EQ(dataSet.DeleteElement(dataSet.GetFirstElement(nullptr, 1, 1)), nullptr);
+    EXPECT_EQ(dataSet.InsertKey(nullptr, 0, "PATIENT"), nullptr);
+    dataSet.ResetDS();
+    dataSet.InitDS(0, 0);
+    for (const unsigned int code :
+         {dataSet.LoadDS(&stream, 0, 0), dataSet.LoadDS("file", 0), dataSet.LoadDSMemory(bytes.data(), 10, 0),
+          dataSet.ReadSequence(&stream, nullptr, DICOM_TS_EXPLICIT_LITTLE, nullptr)})
+        EXPECT_EQ(code, static_cast<unsigned int>(DICOM_ERROR_PARAMETER));
+    EXPECT_NE(dataSet.CopyDS(nullptr, &other, nullptr), 0u);
+    EXPECT_EQ(Describe(dataSet), before);
+    dataSet.Set(false);
+    EXPECT_NE(dataSet.InsertElement(nullptr, 0, 0x00100010, 0, 0, 0), nullptr);
+}
+
 TEST(Tree, ResetInitAndInfoKeepTheFlagsWord) {
     VDicomDS dataSet;
     unsigned short flags = 0;

@@ -1,4 +1,4 @@
-// Memory that is counted and can run out: MemoryTest.cpp replaces the allocation functions of the test program.
+// Memory that is counted and can run out: the allocation functions of every test program are replaced.
 #pragma once
 
 #include <gtest/gtest.h>
