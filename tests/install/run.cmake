@@ -57,6 +57,14 @@ else()
   message(STATUS "pkg-config is not installed: that way was not tried")
 endif()
 
+# Every public header stands by itself and is plain C++17.
+file(GLOB headers RELATIVE ${prefix}/include/vdicom ${prefix}/include/vdicom/*.h)
+foreach(header ${headers})
+  file(WRITE ${WORK_DIR}/headers/${header}.cpp "#include <${header}>\n#include <${header}>\n")
+  run("header ${header}" ${CXX_COMPILER} -std=c++17 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    -I${prefix}/include/vdicom -fsyntax-only ${WORK_DIR}/headers/${header}.cpp)
+endforeach()
+
 # The first program of the README is one.
 file(READ ${README} readme)
 string(FIND "${readme}" "```cpp\n" from)
