@@ -78,13 +78,10 @@ unsigned int VDicomDS::IsBadPixelData(VDicomULong* bad, VDicomULong* good) {
         const VDicomUInt64 bits = NumberOf(*this, kBitsAllocated, 0);
         const VDicomUInt64 pixelBits = rows * columns * bits;
         const VDicomUInt64 samples = NumberOf(*this, kSamplesPerPixel, 1);
-        if (pixelBits == 0 || samples == 0)
-            obtained = 0;
-        else if (IsUndefinedLength(pixels))
+        const bool described = pixelBits != 0 && samples != 0;
+        if (described && IsUndefinedLength(pixels))
             obtained = Guarded(VDicomUInt64{0}, [&] { return GoodFrames(*this, state, pixels, frames); });
-        else if (pixelBits > UINT64_MAX / samples)
-            obtained = 0;
-        else
+        else if (described && pixelBits <= UINT64_MAX / samples)
             // Frames of 1 bit a pixel are packed without a gap, so the bits are counted.
             obtained = std::min(frames, VDicomUInt64{pixels->nLength} * 8 / (pixelBits * samples));
     } else {
