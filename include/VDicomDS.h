@@ -41,10 +41,10 @@ public:
     /// text and the list of faults. @param closeSource non-zero: the source stream is closed too
     void ResetDS(unsigned int closeSource);
     /// Resets the data set, then replaces each of the fields of the flags word (bits 0-1, 2-3, 4-5) that is non-zero
-    /// in `flags` and takes over 0x400 and 0x1000. @param classId a class of the IOD table whose modules are inserted;
-    /// a class that the table does not hold inserts nothing
+    /// in `flags` and takes over 0x400 and 0x1000. The data set stays empty.
+    /// @param classId not used: no modules are inserted
     void InitDS(VDicomULong classId, unsigned short flags);
-    /// The class (65535 when none is known) and the flags word. Null pointers are skipped.
+    /// 65535 for the class, which is not determined, and the flags word. Null pointers are skipped.
     void GetInfoDS(VDicomULong* classId, unsigned short* flags);
     /// Sets the callback for invalid elements (null: none) and what is passed back to it.
     void SetDebugDS(VDicomElementCallback callback, void* userData);
