@@ -61,6 +61,9 @@ protected:
     virtual void* Allocate(std::size_t size);
     /// Gives back what Allocate returned.
     virtual void Free(void* block);
+    /// Called before an operation reads or changes the top level: a tree that is filled on first use fills itself here.
+    /// The base class does nothing.
+    virtual void Prepare() const;
 
     /// Links a node that is in no tree; false when `position` is unknown.
     bool Link(DICOMLINK* node, DICOMLINK* reference, unsigned int position);

@@ -6,16 +6,27 @@
 #include "TableList.h"
 #include "VDicomIOD.h"
 
+#include <atomic>
+#include <mutex>
+
 namespace vdicom {
 
 /// Built-in nodes stand in two blocks, one for classes and modules (with a header each, for the index) and one for
 /// elements (without), and point to the built-in texts themselves; nodes inserted later own their texts.
+///
+/// A new tree is pending: the first operation that needs its nodes builds the built-in ones, unless Reset came before.
 class IODTree final : public EntryTree {
 public:
     ~IODTree() override { Reset(); }
 
-    /// Builds the built-in tree. False when memory ran out; what could be made is there.
+    /// Builds the built-in tree anew, with the names that the tag dictionary has now. False when memory ran out; what
+    /// could be made is there.
     bool Fill();
+    /// Builds a pending tree, with the built-in names. Many threads may come here at the same time.
+    void Prepare() const override {
+        if (m_pending.load(std::memory_order_acquire))
+            const_cast<IODTree*>(this)->FillPending();
+    }
     void Reset();
     bool Merge(DICOMIOD* parent, const DICOMIODROW* rows);
     DICOMIOD* Add(DICOMIOD* reference, bool asChild, const DICOMIODROW& row);
@@ -38,6 +49,8 @@ private:
     struct Filling;
     struct Merging;
 
+    void FillPending();
+    bool Fill(const Filling& filling);
     bool FillLevel(const Filling& filling, DICOMLINK* parent, DICOMLINK* root, std::size_t array);
     DICOMIOD* TakeNode(signed char type);
     bool MergeLevel(DICOMIOD* parent, const DICOMIODROW* rows, const Merging* above);
@@ -48,6 +61,8 @@ private:
 
     RowBlock m_heads;
     RowBlock m_elements;
+    std::atomic<bool> m_pending = true; ///< not built yet, and not reset
+    std::mutex m_building;
     bool m_ownsMore = false; ///< there may be nodes or texts that do not stand in the blocks
 };
 

@@ -1,4 +1,4 @@
-// Fills the process-wide tables when the library is loaded and empties them when it is unloaded. Every table class
+// Makes the process-wide tables when the library is loaded and empties them when it is unloaded. Every table class
 // refers to the lists defined here, so a static library never loses this file.
 #include "Library.h"
 
@@ -19,12 +19,11 @@ struct Library {
         new (&g_vrs.list) VRList;
         new (&g_uids.list) UIDList;
         new (&g_tags.list) TagList;
-        new (&g_iods.list) IODTree;
+        new (&g_iods.list) IODTree;                                       // builds itself on first use
         new (&g_contextGroups.list) ContextGroupTree(kContextGroupTable); // filled and emptied by applications alone
         g_vrs.list.Fill();
         g_uids.list.Fill();
         g_tags.list.Fill();
-        g_iods.list.Fill(); // behind the tags: it takes its names from there
     }
     ~Library() {
         g_vrs.list.Reset();

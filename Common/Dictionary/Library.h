@@ -1,5 +1,6 @@
 /// @file Library.h
-/// The process-wide tables' lists. They are filled when the library is loaded and emptied when it is unloaded.
+/// The process-wide tables' lists. They are filled when the library is loaded (the tree of information
+/// object definitions: on first use) and emptied when it is unloaded.
 #pragma once
 
 #include "ContextGroupTree.h"
@@ -26,7 +27,11 @@ extern ListStorage<ContextGroupTree> g_contextGroups;
 inline VRList& VRs() { return g_vrs.list; }
 inline UIDList& UIDs() { return g_uids.list; }
 inline TagList& Tags() { return g_tags.list; }
-inline IODTree& IODs() { return g_iods.list; }
+/// Built, if this is its first use.
+inline IODTree& IODs() {
+    g_iods.list.Prepare();
+    return g_iods.list;
+}
 inline ContextGroupTree& ContextGroups() { return g_contextGroups.list; }
 
 } // namespace vdicom

@@ -64,12 +64,13 @@ bool Precedes(const DICOMLINK* a, const DICOMLINK* b) {
 
 // ---------------------------------------------------------------- filling
 
-/// The names of the built-in elements' tags: the data dictionary's, as the whole tree has few different tags.
+/// The names of the built-in elements' tags, as the whole tree has few different tags: the built-in ones, or those of
+/// the data dictionary.
 struct IODTree::Filling {
-    Filling() {
+    explicit Filling(bool byDictionary) {
         for (std::size_t i = 0; i < kIODTable.tags; ++i) {
             const char* builtIn = kIODTexts + kIODTags[i].text;
-            const DICOMTAG* tag = Tags().Find(kIODTags[i].code);
+            const DICOMTAG* tag = byDictionary ? Tags().Find(kIODTags[i].code) : nullptr;
             const bool renamed = tag != nullptr && std::strcmp(tag->pszName, builtIn) != 0;
             names[i] = renamed ? tag->pszName : builtIn;
         }
@@ -79,16 +80,30 @@ struct IODTree::Filling {
 
 bool IODTree::Fill() {
     Reset();
+    return Fill(Filling(true));
+}
+
+/// As if it had been done when the library was loaded: changes of the data dictionary since then do not show.
+void IODTree::FillPending() {
+    const std::lock_guard lock(m_building);
+    if (!m_pending.load(std::memory_order_relaxed))
+        return;
+    Fill(Filling(false));
+    m_pending.store(false, std::memory_order_release);
+}
+
+bool IODTree::Fill(const Filling& filling) {
     m_heads.Reserve(kIODTable.headNodes, kHeadSize, "", 0);
     m_elements.Reserve(kIODTable.elementNodes, kElementSize, "", 0);
     m_index.Reserve(kIODTable.headNodes);
-    const bool complete = FillLevel(Filling(), nullptr, nullptr, kIODTable.top);
+    const bool complete = FillLevel(filling, nullptr, nullptr, kIODTable.top);
     m_heads.Close();
     m_elements.Close();
     return complete;
 }
 
 void IODTree::Reset() {
+    m_pending.store(false, std::memory_order_relaxed);
     if (m_ownsMore) {
         Clear();
     } else {
@@ -361,11 +376,11 @@ DICOMIOD* IODTree::FindBelow(DICOMIOD* node, VDicomULong code, signed char type)
 using vdicom::IODs;
 using vdicom::IODTree;
 
-unsigned int VDicomIOD::Default() { return IODs().Fill() ? 1 : 0; }
+unsigned int VDicomIOD::Default() { return vdicom::g_iods.list.Fill() ? 1 : 0; }
 
 unsigned int VDicomIOD::Default(DICOMIOD* node, const DICOMIODROW* rows) { return IODs().Merge(node, rows) ? 1 : 0; }
 
-void VDicomIOD::Reset() { IODs().Reset(); }
+void VDicomIOD::Reset() { vdicom::g_iods.list.Reset(); }
 
 DICOMIOD* VDicomIOD::Insert(DICOMIOD* reference, unsigned int child, VDicomULong nCode, const char* pszName,
                             signed char nType, unsigned short nUsage, const char* pszDescription) {

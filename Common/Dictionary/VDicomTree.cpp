@@ -13,6 +13,7 @@ VDicomTree::~VDicomTree() { VDicomTree::Clear(); }
 DICOMLINK* VDicomTree::Insert(DICOMLINK* reference, std::size_t size, unsigned int position) {
     if (size < sizeof(DICOMLINK) || position > DICOM_TREE_BEFORE)
         return nullptr;
+    Prepare();
     void* block = Allocate(size);
     if (block == nullptr)
         return nullptr;
@@ -30,12 +31,14 @@ void VDicomTree::Delete(DICOMLINK* node) {
 }
 
 DICOMLINK* VDicomTree::GetFirst(DICOMLINK* reference, unsigned int siblingOnly) const {
+    Prepare();
     if (siblingOnly == 0 || reference == nullptr || reference->pParent == nullptr)
         return m_pFirst;
     return reference->pParent->pFirstChild;
 }
 
 DICOMLINK* VDicomTree::GetLast(DICOMLINK* reference, unsigned int siblingOnly) const {
+    Prepare();
     if (siblingOnly != 0)
         return reference == nullptr || reference->pParent == nullptr ? m_pLast : reference->pParent->pLastChild;
     DICOMLINK* node = m_pLast;
@@ -82,7 +85,7 @@ DICOMLINK* VDicomTree::GetChild(DICOMLINK* node) const { return node == nullptr 
 unsigned int VDicomTree::Exists(const DICOMLINK* node) const {
     if (node == nullptr)
         return 0;
-    for (DICOMLINK* other = m_pFirst; other != nullptr; other = GetNext(other, 0)) {
+    for (DICOMLINK* other = GetFirst(nullptr, 0); other != nullptr; other = GetNext(other, 0)) {
         if (other == node)
             return 1;
     }
@@ -115,6 +118,8 @@ DICOMLINK* VDicomTree::FindIndex(DICOMLINK* reference, unsigned int siblingOnly,
 void* VDicomTree::Allocate(std::size_t size) { return ::operator new(size, std::nothrow); }
 
 void VDicomTree::Free(void* block) { ::operator delete(block); }
+
+void VDicomTree::Prepare() const {}
 
 bool VDicomTree::Link(DICOMLINK* node, DICOMLINK* reference, unsigned int position) {
     DICOMLINK* parent = reference == nullptr ? nullptr : reference->pParent;

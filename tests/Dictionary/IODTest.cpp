@@ -3,6 +3,7 @@
 
 #include "CountedMemory.h"
 #include "FactRows.h"
+#include "IODTree.h"
 #include "VDicomTag.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +20,8 @@
 #include <vector>
 
 namespace {
+
+using vdicom::IODTree;
 
 constexpr signed char kClass = DICOM_IOD_CLASS;
 constexpr signed char kModule = DICOM_IOD_MODULE;
@@ -118,6 +121,44 @@ TEST_F(IODs, HaveTheFiguresOfTheirFacts) {
     ASSERT_NE(nullptr, patient);
     EXPECT_EQ(VDicomIOD::FindClass(0), VDicomIOD::GetParent(VDicomIOD::FindModule(0, 0)));
     EXPECT_STREQ("Patient's Name", reinterpret_cast<DICOMIOD*>(patient->Link.pFirstChild)->pszName);
+}
+
+// Whatever is asked first, it is asked of the whole tree; with the names that the dictionary had at the beginning.
+TEST_F(IODs, AreBuiltOnFirstUse) {
+    VDicomTag::SetName(VDicomTag::Find(0x00100010), "renamed before the tree was built");
+    const auto last = [](const VDicomTreeEx& tree, VDicomULong classes) {
+        return IODTree::RecordOf(tree.GetLast(nullptr, 1))->nCode == classes - 1 &&
+               tree.GetCount(nullptr, 1) == classes && tree.GetCount(nullptr, 0) >= 45731;
+    };
+    using Use = bool (*)(IODTree & iods, VDicomTreeEx & tree);
+    const Use firstUses[] = {
+        [](IODTree&, VDicomTreeEx& tree) { return IODTree::RecordOf(tree.GetFirst(nullptr, 0))->nCode == 0; },
+        [](IODTree&, VDicomTreeEx& tree) { return tree.GetLast(nullptr, 0) != nullptr; },
+        [](IODTree&, VDicomTreeEx& tree) { return tree.GetCount(nullptr, 0) == 45731; },
+        [](IODTree&, VDicomTreeEx& tree) { return tree.GetLevel(tree.FindIndex(nullptr, 0, 3)) == 2; },
+        [](IODTree&, VDicomTreeEx& tree) { return tree.Exists(&VDicomIOD::FindClass(0)->Link) == 0; },
+        [](IODTree& iods, VDicomTreeEx&) {
+            return iods.Add(nullptr, false, {kClass, nullptr, 112, "added", 2, ""}) != nullptr;
+        }};
+    for (const Use& use : firstUses) {
+        IODTree tree;
+        EXPECT_TRUE(use(tree, tree)) << &use - firstUses;
+        EXPECT_TRUE(last(tree, use == firstUses[5] ? 113 : 112)) << &use - firstUses;
+        const DICOMIOD* name = tree.FindBelow(tree.FindClass(0), 0x00100010, kElement);
+        EXPECT_STREQ("Patient's Name", name->pszName);
+    }
+    IODTree emptied;
+    emptied.Reset();
+    EXPECT_EQ(nullptr, emptied.GetFirst(nullptr, 0)) << "emptied before anything was asked";
+
+    IODTree shared;
+    std::atomic<int> whole = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i)
+        threads.emplace_back([&] { whole += shared.GetCount(nullptr, 0) == 45731 ? 1 : 0; });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(8, whole);
 }
 
 // The tree expanded from the facts here, by other code than the one that made the tables.
