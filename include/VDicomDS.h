@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VDicomFile.h"
+#include "VDicomIOD.h"
 #include "VDicomTypes.h"
 
 namespace vdicom {
@@ -40,12 +41,27 @@ public:
     /// Deletes every element, empties the scratch stream, sets the flags word to 0x25, empties the identification
     /// text and the list of faults. @param closeSource non-zero: the source stream is closed too
     void ResetDS(unsigned int closeSource);
-    /// Resets the data set, then replaces each of the fields of the flags word (bits 0-1, 2-3, 4-5) that is non-zero
-    /// in `flags` and takes over 0x400 and 0x1000. The data set stays empty.
-    /// @param classId not used: no modules are inserted
-    void InitDS(VDicomULong classId, unsigned short flags);
-    /// 65535 for the class, which is not determined, and the flags word. Null pointers are skipped.
+    /// Makes an empty object of a class: resets the data set, replaces each of the fields of the flags word (bits 0-1,
+    /// 2-3, 4-5) that is non-zero in `flags` and takes over 0x400 and 0x1000; then sets the class (SetClass) and
+    /// inserts its modules, or the elements of a query level, without values. With DICOM_FLAG_NO_OPTIONAL these are
+    /// elements of types 1 and 2 (and unique keys) alone, but of all modules.
+    /// @param classId number in VDicomIOD; DICOM_NO_CLASS: the data set stays empty
+    /// @return 0; DICOM_ERROR_PARAMETER (no such class); DICOM_ERROR_DEPTH; DICOM_ERROR_MEMORY; DICOM_ERROR_WRITE.
+    /// After
+    ///         a failure the data set is empty, and its flags are set.
+    unsigned int InitDS(VDicomULong classId, unsigned short flags);
+    /// The class (GetClass) and the flags word. Null pointers are skipped.
     void GetInfoDS(VDicomULong* classId, unsigned short* flags);
+    /// Finds the class whose UIDs hold `uid`, or (null) the text of (0002,0002) Media Storage SOP Class UID, or where
+    /// that is missing or empty, of (0008,0016) SOP Class UID. @param classId receives its number in VDicomIOD, the
+    /// first match, or DICOM_NO_CLASS; may be null
+    /// @return 1 when there was a UID, whether the table has its class or not; else 0
+    unsigned int GetClass(VDicomULong* classId, const char* uid);
+    /// Writes the UID of a class into (0002,0002) and, but for directories (which have none), (0008,0016). Where the
+    /// class has several UIDs, the one that the data set carries stays, else the first is taken; a class without any (a
+    /// query level) deletes both elements.
+    /// @return 0; DICOM_ERROR_PARAMETER (no such class); DICOM_ERROR_MEMORY; DICOM_ERROR_WRITE
+    unsigned int SetClass(VDicomULong classId);
     /// Sets the callback for invalid elements (null: none) and what is passed back to it.
     void SetDebugDS(VDicomElementCallback callback, void* userData);
     /// Copies an element of another data set with all below it, or (null `srcElement`) its whole tree. Into an empty
@@ -118,6 +134,51 @@ public:
     unsigned int FixBadElements();
     /// @}
 
+    /// @name Modules (PS3.3 C, by VDicomIOD)
+    /// Modules are numbered as in VDicomIOD. A number means the module as the data set's class (GetClass) holds it, or
+    /// where that does not, as the first class of the table that does.
+    ///
+    /// The data set holds a module when it has an element that no other module beside it lists, or all of the module's
+    /// elements of types 1 and 2, or (of a module that has neither) any. Elements of curves and overlays count in every
+    /// repeating group.
+    ///
+    /// Insertions keep what is there, and keep out of sequences that are there. They insert elements without values,
+    /// and where the table has something below a sequence, one item with that; the Directory Record Sequence stays
+    /// empty. `withOptional` zero: elements of types 1 and 2 and unique keys alone. An insertion that fails has
+    /// inserted nothing. Codes: 0; DICOM_ERROR_PARAMETER (unknown module, null entry); DICOM_ERROR_STRUCTURE (the
+    /// module does not belong at that level); DICOM_ERROR_DEPTH; DICOM_ERROR_MEMORY.
+    /// @{
+    /// Inserts a module at the top level. @return FindModule of it; null as well for the modules of the directory class
+    DICOMIOD* InsertModule(VDicomULong moduleId, unsigned int withOptional);
+    /// Inserts a module where VerifyModule allows it. `parent` is an item; null: the top level; a sequence: the module
+    /// goes into its item number `index`, which is made (as the last one) where there are not so many. @return a code
+    unsigned int InsertModule(DICOMELEMENT* parent, VDicomULong moduleId, VDicomULong index, unsigned int withOptional);
+    /// Inserts what stands below a class or module of the table, or an element entry with all below it, whether it
+    /// belongs there or not. `parent` is an item; null: the top level. @return a code
+    unsigned int InsertModule(DICOMELEMENT* parent, DICOMIOD* iod, unsigned int withOptional);
+    /// Inserts a module of the directory class. @param key the record (or an element in it) that a module with keys
+    /// goes to; null: the top level. With the Directory Information module the offsets and the File-set Consistency
+    /// Flag (0004,1212) have their values at once. @return a code
+    unsigned int InsertModuleKey(DICOMELEMENT* key, VDicomULong moduleId, unsigned int withOptional);
+    /// Deletes a module's elements at the top level, but for those that another module of the class lists as well, of
+    /// which alone an element is there; and a module that is not mandatory leaves what a mandatory one lists.
+    /// @return 1; 0: nothing was deleted, an unknown module, one of the directory class, no memory
+    unsigned int DeleteModule(VDicomULong moduleId);
+    /// The module's entry in the table when the data set holds it, else null.
+    DICOMIOD* FindModule(VDicomULong moduleId);
+    /// Entry number `index` among those modules of its class that the data set holds, in the order of the class; or
+    /// null.
+    DICOMIOD* FindIndexModule(VDicomULong index);
+    /// How many of the modules of its class the data set holds; 0 without a class.
+    VDicomULong GetCountModule();
+    /// Whether a module may stand at the level of `e` (null: the top level): 1 when the sequence that encloses `e` is
+    /// the one that encloses the module in the table, or neither has one; else 0.
+    unsigned int VerifyModule(DICOMELEMENT* e, VDicomULong moduleId);
+    /// How many elements the table has below an entry, in sequences too; 0 for null. With `withOptional` zero only
+    /// those of types 1 and 2 and unique keys, and only below such.
+    static VDicomULong GetCountElementIOD(DICOMIOD* iod, unsigned int withOptional);
+    /// @}
+
     /// @name Directory records (keys, PS3.3 F)
     /// A key is an item of the Directory Record Sequence (0004,1220) with a key number. The offset elements
     /// ((0004,1200), (0004,1202), (0004,1400), (0004,1420)) carry the number of the record that they refer to;
@@ -130,6 +191,10 @@ public:
     ///        last of the root. @param type Directory Record Type, at most 16 characters
     /// @return the record's item, or null (no record, no type, no memory)
     DICOMELEMENT* InsertKey(DICOMELEMENT* neighbour, unsigned int child, const char* type);
+    /// InsertKey, and what the table has for the record, without values: the elements of any record, and the module of
+    /// the directory class that is named for the type ("Patient Keys"). With `withOptional` zero these are elements of
+    /// types 1 and 2 alone.
+    DICOMELEMENT* InsertKey(DICOMELEMENT* neighbour, unsigned int child, const char* type, unsigned int withOptional);
     /// Deletes a record and all records below it. @return the next record, else the previous, else the parent record
     DICOMELEMENT* DeleteKey(DICOMELEMENT* e);
     /// The record at the top of the directory above `e`.

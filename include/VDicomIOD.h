@@ -27,6 +27,11 @@ enum DICOMIODUSAGE : unsigned short {
     DICOM_CLASS_USAGE = 2         ///< every built-in class carries it; it means nothing
 };
 
+/// "No class": an unknown UID, or none (VDicomDS::GetClass).
+constexpr VDicomULong DICOM_NO_CLASS = 65535;
+/// The class number of the media storage directory.
+constexpr VDicomULong DICOM_CLASS_BASIC_DIRECTORY = 71;
+
 #pragma pack(push, 1)
 /// One class, module or element (PS3.3). Its texts are the table's: they stay as they are until SetName,
 /// SetDescription or the deletion of the node, and are changed through those alone (nodes may share equal texts).

@@ -55,27 +55,6 @@ void VDicomDS::ResetDS(unsigned int closeSource) {
     state.faults.clear();
 }
 
-void VDicomDS::InitDS(VDicomULong, unsigned short flags) {
-    if (m_pState->frozen)
-        return;
-    ResetDS(1);
-    unsigned short& word = m_pState->flags;
-    word = static_cast<unsigned short>(word & ~0x00C0);
-    for (const int field : {0x0003, 0x000C, 0x0030}) {
-        if ((flags & field) != 0)
-            word = static_cast<unsigned short>((word & ~field) | (flags & field));
-    }
-    word = static_cast<unsigned short>(word | (flags & (DICOM_FLAG_READ | DICOM_FLAG_NO_OPTIONAL)));
-}
-
-void VDicomDS::GetInfoDS(VDicomULong* classId, unsigned short* flags) {
-    constexpr VDicomULong noClass = 65535;
-    if (classId != nullptr)
-        *classId = noClass;
-    if (flags != nullptr)
-        *flags = m_pState->flags;
-}
-
 void VDicomDS::SetDebugDS(VDicomElementCallback callback, void* userData) {
     m_pState->callback = callback;
     m_pState->callbackData = userData;

@@ -330,7 +330,7 @@ TEST(Reader, LevelsEndAtTheirDelimiterAndKeepTheByteOrder) {
               static_cast<unsigned int>(DICOM_ERROR_PARAMETER))
         << "the data set is little endian";
     VDicomDS big;
-    big.InitDS(0, DICOM_TS_EXPLICIT_BIG);
+    big.InitDS(DICOM_NO_CLASS, DICOM_TS_EXPLICIT_BIG);
     sequence = big.InsertElement(nullptr, 0, 0x00081140, 0, 0, 0);
     item = big.InsertElement(sequence, 1, 0xFFFEE000, 0, 1, 0);
     ASSERT_EQ(big.ReadSequence(&stream, item, DICOM_TS_EXPLICIT_BIG, &length), kDone);
