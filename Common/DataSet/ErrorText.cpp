@@ -32,6 +32,10 @@ const char* GetErrorText(unsigned int code) {
         return "The deflated data are damaged, or inflate beyond the limit.";
     case DICOM_ERROR_UNSUPPORTED:
         return "The pixel data would have to be compressed or decompressed, which is not done here.";
+    case DICOM_ERROR_ITEM_TYPE:
+        return "An association PDU holds an item of unknown type.";
+    case DICOM_ERROR_ITEM_LENGTH:
+        return "An association PDU is too short, or its lengths do not fit together.";
     case DICOM_INVALID_ELEMENT:
         return "The element is not one of this data set, or has no value.";
     case DICOM_FAULT_TRANSFER_SYNTAX:

@@ -23,11 +23,12 @@ MAY_SEE = {
     "Common/tables": (),
     "Common/Dictionary": ("Common/tables", "Common/Platform"),
     "Common/DataSet": ("Common/Dictionary", "Common/Platform"),
+    "Common/Net": ("Common/DataSet", "Common/Dictionary", "Common/Platform"),
     "tools": (),
     "examples": (),
-    "bench": ("Common/DataSet", "Common/Dictionary", "Common/Platform"),
-    "fuzz": ("Common/DataSet", "Common/Dictionary", "Common/Platform"),
-    "tests": ("Common/DataSet", "Common/Dictionary", "Common/Platform", "Common/tables", "fuzz"),
+    "bench": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform"),
+    "fuzz": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform"),
+    "tests": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform", "Common/tables", "fuzz"),
 }
 # Libraries that a folder may include by angle brackets, the C++ standard library aside.
 LIBRARIES = {
