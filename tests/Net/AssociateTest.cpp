@@ -38,9 +38,9 @@ const Bytes kRequest = Pdu(kHeader + kApplication + kVerification + kCT + kUser)
 
 unsigned int Decode(VDicomAssociate& associate, const Bytes& bytes, const VDicomAssociate* request = nullptr,
                     bool strict = true) {
-    const Bytes copy(bytes); // of exactly this size, for the sanitizer
+    const std::vector<char> copy(bytes.begin(), bytes.end()); // of exactly this size, for the sanitizer
     const auto size = static_cast<VDicomULong>(copy.size());
-    const auto* buffer = reinterpret_cast<const char*>(copy.empty() ? kHeader.data() : copy.data());
+    const char* buffer = copy.empty() ? "" : copy.data();
     return strict ? associate.SetBinaryStrict(buffer, &size, request) : associate.SetBinary(buffer, &size, request);
 }
 

@@ -42,6 +42,8 @@ int main(int count, char** arguments) {
         roles += accept.IsRoleSelect(accept.GetPresentation(i)) != 0 ? 1 : 0;
     std::printf("%s %s contexts %d accepted %d roles %d version %s: %s\n", request.GetCalling(), request.GetCalled(),
                 request.GetPresentationCount(), answer.nContext, roles, request.GetImplementVersion(),
-                code != DICOM_OK ? GetErrorText(code) : equal ? "equal" : "differs");
+                code != DICOM_OK ? GetErrorText(code)
+                : equal          ? "equal"
+                                 : "differs");
     return code == DICOM_OK && equal ? 0 : 1;
 }
