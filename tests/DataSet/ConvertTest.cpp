@@ -248,7 +248,7 @@ TEST(Convert, RandomBinaryValuesComeBack) {
                                     vr::UV, vr::OV, vr::FL, vr::OF, vr::FD, vr::OD}) {
         const bool exact = vr != vr::FL && vr != vr::OF && vr != vr::FD && vr != vr::OD;
         for (const bool big : {false, true}) {
-            for (const std::size_t size : {8, 4096, 4104, 20000}) { // around the size of the conversion's buffer
+            for (const std::size_t size : {8U, 4096U, 4104U, 20000U}) { // around the size of the conversion's buffer
                 std::string bytes(size, '\0');
                 for (char& byte : bytes)
                     byte = static_cast<char>(random());
