@@ -7,7 +7,7 @@ import sys
 
 from support import contains, equal, image, main, run
 
-COMMANDS = ("dump", "convert", "edit", "dict")
+COMMANDS = ("dump", "convert", "edit", "new", "dict")
 SOURCE = os.environ["VDICOM_SOURCE"]
 
 
@@ -35,6 +35,9 @@ def test_wrong_usage_is_2_and_says_where_help_is(folder):
                       ("convert", "--to", "nonsense", path, "out"), ("convert", "--to", "1.2.840.10008.1.1", path, "out"),
                       ("convert", "--recursive", path, "out"), ("edit", path, "out"), ("edit", path, "--set", "PatientID=1"),
                       ("edit", "--in-place", "-", "--set", "PatientID=1"), ("dict",), ("dict", "tag"),
+                      ("new", "out"), ("new", "--class", "1"), ("new", "--class", "", "out"), ("new", "--class", "1", "-", "--json"),
+                      ("new", "--class", "no such", "out"), ("new", "--class", "1", "a", "b"),
+                      ("new", "--class", "1", "--set", "Nonsense=1", "out"),
                       ("dict", "nonsense", "x"), ("dump", "help", "--json=x", path)):
         result = run(*arguments, status=2, cwd=folder.path)
         equal(result.out, "", arguments)

@@ -248,7 +248,7 @@ void WriteGroup(JsonWriter& writer, const Group& group) {
 
 } // namespace
 
-bool WriteClasses(const std::string& text, bool json, Output& out) {
+std::vector<DICOMIOD*> FindClasses(const std::string& text) {
     // A whole number, UID, keyword or name means itself, not those that hold it.
     const Needle needle(text);
     std::vector<DICOMIOD*> found;
@@ -259,8 +259,11 @@ bool WriteClasses(const std::string& text, bool json, Output& out) {
         else if (IsLikeClass(needle, node))
             alike.push_back(node);
     }
-    if (found.empty())
-        found.swap(alike);
+    return found.empty() ? alike : found;
+}
+
+bool WriteClasses(const std::string& text, bool json, Output& out) {
+    const std::vector<DICOMIOD*> found = FindClasses(text);
     if (json) {
         WriteArray(found, out, [](JsonWriter& writer, DICOMIOD* node) {
             writer.StartObject();

@@ -26,6 +26,7 @@ constexpr Command kCommands[] = {
     {"dump", "vdicom dump", "show data sets as lines or JSON", RunDump},
     {"convert", "vdicom convert", "write files in another transfer syntax", RunConvert},
     {"edit", "vdicom edit", "set and delete elements", RunEdit},
+    {"new", "vdicom new", "make an object of a class", RunNew},
     {"dict", "vdicom dict", "look attributes, value representations and UIDs up", RunDict},
 };
 
@@ -50,6 +51,7 @@ int ShowHelp() {
             "  vdicom dump --json image.dcm\n"
             "  vdicom convert --to explicit image.dcm copy.dcm\n"
             "  vdicom edit image.dcm copy.dcm --set PatientName=Doe^Jane\n"
+            "  vdicom new --class 'CT Image Storage' object.dcm --set PatientName=Doe^Jane\n"
             "  vdicom dict tag pixel\n\n"
             "Exit status:\n"
             "  0  all done\n"
