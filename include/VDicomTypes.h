@@ -181,21 +181,25 @@ constexpr unsigned short DICOM_TS_EXPLICIT_BIG = 0x28;    ///< explicit VR big e
 /// Result codes of the whole library; GetErrorText gives a sentence for each.
 enum DICOMERROR : unsigned int {
     DICOM_OK = 0,
-    DICOM_ERROR_MEMORY = 2,       ///< memory could not be allocated
-    DICOM_ERROR_OPEN = 3,         ///< a file could not be opened or created
-    DICOM_ERROR_READ = 4,         ///< a header or value could not be read completely
-    DICOM_ERROR_WRITE = 5,        ///< a write to a stream failed
-    DICOM_ERROR_STRUCTURE = 6,    ///< sequences, items and delimiters do not fit together
-    DICOM_ERROR_END = 7,          ///< the stream ended where the next element was expected
-    DICOM_ERROR_LENGTH = 8,       ///< an odd value length was refused
-    DICOM_ERROR_PARAMETER = 9,    ///< an argument is wrong
-    DICOM_ERROR_FORMAT = 10,      ///< the stream is no DICOM data set
-    DICOM_ERROR_DEPTH = 13,       ///< sequences are nested more deeply than the limit allows
-    DICOM_ERROR_SIZE = 14,        ///< a stream is too large for this build, or a value for the encoding
-    DICOM_ERROR_DEFLATE = 15,     ///< deflated data are damaged or inflate beyond the limit
-    DICOM_ERROR_UNSUPPORTED = 16, ///< the pixel data would have to be compressed or decompressed
-    DICOM_ERROR_ITEM_TYPE = 17,   ///< an A-ASSOCIATE PDU holds an item of unknown type
-    DICOM_ERROR_ITEM_LENGTH = 18  ///< lengths in an A-ASSOCIATE PDU do not fit together
+    DICOM_ERROR_MEMORY = 2,         ///< memory could not be allocated
+    DICOM_ERROR_OPEN = 3,           ///< a file could not be opened or created
+    DICOM_ERROR_READ = 4,           ///< a header or value could not be read completely
+    DICOM_ERROR_WRITE = 5,          ///< a write to a stream failed
+    DICOM_ERROR_STRUCTURE = 6,      ///< sequences, items and delimiters do not fit together
+    DICOM_ERROR_END = 7,            ///< the stream ended where the next element was expected
+    DICOM_ERROR_LENGTH = 8,         ///< an odd value length was refused
+    DICOM_ERROR_PARAMETER = 9,      ///< an argument is wrong
+    DICOM_ERROR_FORMAT = 10,        ///< the stream is no DICOM data set
+    DICOM_ERROR_DEPTH = 13,         ///< sequences are nested more deeply than the limit allows
+    DICOM_ERROR_SIZE = 14,          ///< a stream is too large for this build, or a value for the encoding
+    DICOM_ERROR_DEFLATE = 15,       ///< deflated data are damaged or inflate beyond the limit
+    DICOM_ERROR_UNSUPPORTED = 16,   ///< the pixel data would have to be compressed or decompressed
+    DICOM_ERROR_ITEM_TYPE = 17,     ///< an A-ASSOCIATE PDU holds an item of unknown type
+    DICOM_ERROR_ITEM_LENGTH = 18,   ///< lengths in an A-ASSOCIATE PDU do not fit together
+    DICOM_ERROR_NO_SYNTAX = 19,     ///< a data set arrived on a presentation context without a transfer syntax
+    DICOM_ERROR_PDU_LENGTH = 20,    ///< a PDU is longer than the application accepts
+    DICOM_ERROR_DATA_VALUE = 21,    ///< a presentation data value runs past the end of its PDU
+    DICOM_ERROR_COMMAND_LENGTH = 22 ///< a command set is longer than the limit
 };
 
 /// What a reader found and went on from; see VDicomDS::GetFault. Result codes stand there as well.

@@ -36,6 +36,14 @@ const char* GetErrorText(unsigned int code) {
         return "An association PDU holds an item of unknown type.";
     case DICOM_ERROR_ITEM_LENGTH:
         return "An association PDU is too short, or its lengths do not fit together.";
+    case DICOM_ERROR_NO_SYNTAX:
+        return "A data set arrived on a presentation context without a transfer syntax.";
+    case DICOM_ERROR_PDU_LENGTH:
+        return "The peer announced a PDU longer than the limit; the connection cannot be used any more.";
+    case DICOM_ERROR_DATA_VALUE:
+        return "A presentation data value runs past the end of its PDU; what it belonged to is lost.";
+    case DICOM_ERROR_COMMAND_LENGTH:
+        return "The peer sent a command set longer than the limit; it was dropped.";
     case DICOM_INVALID_ELEMENT:
         return "The element is not one of this data set, or has no value.";
     case DICOM_FAULT_TRANSFER_SYNTAX:
