@@ -7,8 +7,6 @@
 
 using namespace support;
 using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
