@@ -119,6 +119,8 @@ bool DestroyMessageWindow(WindowHandle window) {
     return true;
 }
 
+bool IsOwnWindow(WindowHandle window) { return Own(window) != nullptr; }
+
 bool IsMessageWindow(WindowHandle window) {
     Windows& all = All();
     const std::scoped_lock lock(all.mutex);

@@ -79,6 +79,11 @@ bool ThreadQueue::Watch(int descriptor, std::uint32_t events) {
     return epoll_ctl(m_epoll, EPOLL_CTL_ADD, descriptor, &event) == 0;
 }
 
+void ThreadQueue::Unwatch(int descriptor) {
+    epoll_event unused{};
+    epoll_ctl(m_epoll, EPOLL_CTL_DEL, descriptor, &unused);
+}
+
 /// With the mutex held.
 bool ThreadQueue::Signal() {
     if (m_signalled)
@@ -147,7 +152,7 @@ LoopResult ThreadQueue::RunOnce(std::uint32_t milliseconds, int& quitCode) {
             result = LoopResult::handled;
             break;
         }
-        if (m_source && m_source->IsDue())
+        if (m_source && m_source->IsDue() && wait != 0)
             continue;
         if (std::exchange(m_quit, false)) {
             quitCode = m_quitCode;

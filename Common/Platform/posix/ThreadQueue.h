@@ -61,6 +61,7 @@ public:
     bool StopTimer(WindowHandle window, std::uintptr_t number);
     void StopTimers(WindowHandle window);
     bool Watch(int descriptor, std::uint32_t events);
+    void Unwatch(int descriptor);
     void SetSource(std::unique_ptr<EventSource> source) { m_source = std::move(source); }
     EventSource* Source() const { return m_source.get(); }
     /// @}
@@ -100,6 +101,8 @@ private:
     std::unique_ptr<EventSource> m_source;
 };
 
+/// Whether there is such a window, and it is one of this thread.
+bool IsOwnWindow(WindowHandle window);
 /// Destroys the windows of a thread that ends.
 void DestroyWindowsOf(const ThreadQueue* queue);
 /// Gives a message to its window, if that is still there and of this queue.
