@@ -80,6 +80,7 @@ struct DICOMELEMENT {
     VDicomFile** pPieceStream;  ///< of each piece: the stream that holds it
     VDicomULong* pPieceSize;    ///< of each piece: its size in bytes
     VDicomULong nCountPiece;    ///< number of pieces, at least 1
+    VDicomULong nPieceSize;     ///< where pPieceSize points while there is one piece
 };
 
 #pragma pack(push, 1)

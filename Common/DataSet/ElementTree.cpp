@@ -9,13 +9,14 @@ namespace vdicom {
 
 namespace {
 
-constexpr std::uint32_t kAlive = 0x454C454D;
 // A walk of more steps than this makes an index for its level.
 constexpr VDicomULong kWide = 64;
 constexpr std::size_t kFirstChunk = 32;
 constexpr std::size_t kLargestChunk = 8192;
 // A tree that is emptied keeps room for this many nodes, so that loading many small files allocates nothing.
 constexpr std::size_t kKeptNodes = 4096;
+
+bool IsInUse(const ElementNode& node) { return node.element.nCountPiece != 0; }
 
 DICOMLINK* LinkOf(DICOMELEMENT* e) { return e == nullptr ? nullptr : &e->Link; }
 
@@ -64,7 +65,8 @@ ElementTree::ElementTree() = default;
 
 ElementTree::~ElementTree() { EraseAll(); }
 
-void* ElementTree::Allocate(std::size_t size) { return size == sizeof(DICOMELEMENT) ? TakeNode() : nullptr; }
+// Elements are made by Create alone.
+void* ElementTree::Allocate(std::size_t) { return nullptr; }
 
 void ElementTree::Free(void* block) { FreeNode(static_cast<ElementNode*>(block)); }
 
@@ -82,7 +84,6 @@ ElementNode* ElementTree::TakeNode() {
         node = &m_chunks[m_chunk].nodes[m_chunks[m_chunk].used++];
     }
     std::memset(static_cast<void*>(node), 0, sizeof *node);
-    node->alive = kAlive;
     return node;
 }
 
@@ -100,7 +101,7 @@ void ElementTree::FreeNode(ElementNode* node) {
         std::free(e->pPieceStream);
         std::free(e->pPieceSize);
     }
-    node->alive = 0;
+    e->nCountPiece = 0;
     e->Link.pNext = m_pFree == nullptr ? nullptr : &m_pFree->element.Link;
     m_pFree = node;
 }
@@ -116,7 +117,7 @@ DICOMELEMENT* ElementTree::Create(VDicomULong tag, unsigned short vr, VDicomULon
     e->nCountValue = DICOM_UNDEFINED;
     e->pPieceOffset = &node->pieceOffset;
     e->pPieceStream = &node->pieceStream;
-    e->pPieceSize = &node->pieceSize;
+    e->pPieceSize = &e->nPieceSize;
     e->nCountPiece = 1;
     return e;
 }
@@ -343,7 +344,7 @@ void ElementTree::EraseAll() {
     std::size_t keptChunks = 0;
     for (Chunk& chunk : m_chunks) {
         for (std::size_t i = 0; i < chunk.used; ++i) {
-            if (chunk.nodes[i].alive == kAlive)
+            if (IsInUse(chunk.nodes[i]))
                 FreeNode(&chunk.nodes[i]);
         }
         chunk.used = 0;
@@ -368,7 +369,7 @@ unsigned int ElementTree::Exists(const DICOMLINK* node) const {
             continue;
         if ((address - first) % sizeof(ElementNode) != 0)
             return 0;
-        return chunk.nodes[(address - first) / sizeof(ElementNode)].alive == kAlive ? 1 : 0;
+        return IsInUse(chunk.nodes[(address - first) / sizeof(ElementNode)]) ? 1 : 0;
     }
     return 0;
 }

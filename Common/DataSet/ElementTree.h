@@ -20,15 +20,16 @@ inline bool IsDelimiter(VDicomULong tag) { return tag == kItemDelimiter || tag =
 inline unsigned int GroupOf(VDicomULong tag) { return tag >> 16; }
 inline bool IsPrivate(VDicomULong tag) { return (GroupOf(tag) & 1) != 0; }
 
-/// A node of the pool: the element, room for its first piece, and what only the library knows of it.
+/// A node of the pool: the element, room for its first piece, and what only the library knows of it. A node that is not
+/// in use has no pieces. Its size counts: a report of 240,000 elements is as many of these.
 struct ElementNode {
     DICOMELEMENT element;
     VDicomOffset pieceOffset; ///< the first piece; the element points here until it has several
     VDicomFile* pieceStream;
     VDicomUInt64 streamOffset; ///< where the header stood (flag 0x0800); 0 when not recorded
-    VDicomULong pieceSize;
-    std::uint32_t alive; ///< kAlive while the node is in use
 };
+
+static_assert(sizeof(void*) != 8 || sizeof(ElementNode) == 128, "two cache lines");
 
 inline ElementNode* NodeOf(DICOMELEMENT* e) { return reinterpret_cast<ElementNode*>(e); }
 inline const ElementNode* NodeOf(const DICOMELEMENT* e) { return reinterpret_cast<const ElementNode*>(e); }

@@ -216,10 +216,10 @@ unsigned int NewValue::Commit() {
         const Piece one = count == 1 ? m_pieces[0] : Piece{m_state.ScratchSlot(), DICOM_UNDEFINED, 0};
         node->pieceOffset = static_cast<VDicomOffset>(one.offset);
         node->pieceStream = one.stream;
-        node->pieceSize = one.size;
+        e->nPieceSize = one.size;
         e->pPieceOffset = &node->pieceOffset;
         e->pPieceStream = &node->pieceStream;
-        e->pPieceSize = &node->pieceSize;
+        e->pPieceSize = &e->nPieceSize;
     }
     e->nCountPiece = count > 1 ? static_cast<VDicomULong>(count) : 1;
     e->nLength = static_cast<VDicomULong>(m_length);
