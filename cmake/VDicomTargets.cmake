@@ -8,6 +8,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   target_compile_options(vdicom_warnings INTERFACE -Wno-restrict)
 endif()
 
+# A symbol of GCC's "unique" kind, of which the standard library's headers make some, keeps a library in its process for
+# ever: dlclose would do nothing.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fno-gnu-unique VDICOM_HAS_NO_GNU_UNIQUE)
+
 # vdicom_folder(NAME [SEES FOLDER...] [LINKS LIBRARY...]): Common/NAME with the headers of the folders it may see.
 function(vdicom_folder name)
   cmake_parse_arguments(ARG "" "" "SEES;LINKS" ${ARGN})
@@ -21,6 +26,7 @@ function(vdicom_folder name)
     list(APPEND sources ${backend})
   endif()
   add_library(vdicom_${name} OBJECT ${sources})
+  target_compile_options(vdicom_${name} PRIVATE $<$<BOOL:${VDICOM_HAS_NO_GNU_UNIQUE}>:-fno-gnu-unique>)
   # Exported classes are marked for the DLL; the same objects make the static library, whose users see them unmarked.
   target_compile_definitions(vdicom_${name} PRIVATE VDICOM_BUILD)
   target_include_directories(vdicom_${name} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/Common/${name})
