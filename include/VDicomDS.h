@@ -422,7 +422,8 @@ public:
     /// explicit VR little endian. The file meta elements are filled: (0002,0000), (0002,0001), (0002,0002), (0002,0003)
     /// and (0002,0010); (0002,0012) and (0002,0013) where they are missing.
     /// @return of all: 0; DICOM_ERROR_OPEN (in use, or cannot be created); DICOM_ERROR_WRITE; DICOM_ERROR_READ (a
-    ///         value could not be read from the source); DICOM_ERROR_PARAMETER (big endian with implicit VR);
+    ///         value could not be read from the source); DICOM_ERROR_PARAMETER (big endian with implicit VR; group
+    ///         0002 would have to be filled while ConformanceDS runs); DICOM_ERROR_CANCELLED (SetProgressDS);
     ///         DICOM_ERROR_SIZE (a value too long for a 16-bit length); DICOM_ERROR_STRUCTURE (an element with a value
     ///         has elements below it); DICOM_ERROR_MEMORY
     /// @{
@@ -432,6 +433,11 @@ public:
     unsigned int SaveDS(const char* path, unsigned short flags);
     /// Saves to an open stream from its current position on; an error closes the stream.
     unsigned int SaveDS(VDicomFile* stream, unsigned short flags);
+    /// Sets what SaveDS calls on the saving thread after every MiB or more and at the end (null: nothing), with the
+    /// bytes written so far and those of the whole file (both before deflating). When it returns 0 the save ends with
+    /// DICOM_ERROR_CANCELLED as after any other failure: an old file stays as it was. The callback must not use the
+    /// data set. Stays set for later saves. @param userData passed on to it
+    void SetProgressDS(VDicomProgressCallback callback, void* userData);
     /// Writes every child of `parent` (null: top level). @param flags byte order and VR encoding
     unsigned int WriteSequence(VDicomFile* stream, DICOMELEMENT* parent, unsigned short flags);
     /// Writes one header. @return 0 or DICOM_ERROR_WRITE; DICOM_ERROR_SIZE
@@ -473,7 +479,8 @@ protected:
 private:
     unsigned int FinishLoad(unsigned int code);
     bool StoreReferences(VDicomULong key);
-    bool PrepareMeta(const vdicom::SavePlan& plan);
+    unsigned int PrepareMeta(const vdicom::SavePlan& plan);
+    bool FillMeta(const vdicom::SavePlan& plan);
     unsigned int WriteAll(VDicomFile& stream, unsigned short flags);
     unsigned int CopyTreeDS(DICOMELEMENT* dstParent, VDicomDS& src, const DICOMELEMENT* source, bool withKeys);
 };

@@ -49,6 +49,22 @@ constexpr unsigned short VDicomVRCode(char first, char second) {
     return static_cast<unsigned short>((static_cast<unsigned char>(first) << 8) | static_cast<unsigned char>(second));
 }
 
+/// The VRs of the standard (PS3.5 6.2).
+namespace vdicom::vr {
+constexpr unsigned short AE = VDicomVRCode('A', 'E'), AS = VDicomVRCode('A', 'S'), AT = VDicomVRCode('A', 'T'),
+                         CS = VDicomVRCode('C', 'S'), DA = VDicomVRCode('D', 'A'), DS = VDicomVRCode('D', 'S'),
+                         DT = VDicomVRCode('D', 'T'), FD = VDicomVRCode('F', 'D'), FL = VDicomVRCode('F', 'L'),
+                         IS = VDicomVRCode('I', 'S'), LO = VDicomVRCode('L', 'O'), LT = VDicomVRCode('L', 'T'),
+                         OB = VDicomVRCode('O', 'B'), OD = VDicomVRCode('O', 'D'), OF = VDicomVRCode('O', 'F'),
+                         OL = VDicomVRCode('O', 'L'), OV = VDicomVRCode('O', 'V'), OW = VDicomVRCode('O', 'W'),
+                         PN = VDicomVRCode('P', 'N'), SH = VDicomVRCode('S', 'H'), SL = VDicomVRCode('S', 'L'),
+                         SQ = VDicomVRCode('S', 'Q'), SS = VDicomVRCode('S', 'S'), ST = VDicomVRCode('S', 'T'),
+                         SV = VDicomVRCode('S', 'V'), TM = VDicomVRCode('T', 'M'), UC = VDicomVRCode('U', 'C'),
+                         UI = VDicomVRCode('U', 'I'), UL = VDicomVRCode('U', 'L'), UN = VDicomVRCode('U', 'N'),
+                         UR = VDicomVRCode('U', 'R'), US = VDicomVRCode('U', 'S'), UT = VDicomVRCode('U', 'T'),
+                         UV = VDicomVRCode('U', 'V');
+} // namespace vdicom::vr
+
 /// A tag from its group and element number.
 constexpr VDicomULong VDicomTagCode(unsigned int group, unsigned int element) {
     return (static_cast<VDicomULong>(group & 0xFFFFu) << 16) | (element & 0xFFFFu);
@@ -191,6 +207,7 @@ enum DICOMERROR : unsigned int {
     DICOM_ERROR_LENGTH = 8,         ///< an odd value length was refused
     DICOM_ERROR_PARAMETER = 9,      ///< an argument is wrong
     DICOM_ERROR_FORMAT = 10,        ///< the stream is no DICOM data set
+    DICOM_ERROR_CANCELLED = 11,     ///< the application's progress callback asked to stop
     DICOM_ERROR_DEPTH = 13,         ///< sequences are nested more deeply than the limit allows
     DICOM_ERROR_SIZE = 14,          ///< a stream is too large for this build, or a value for the encoding
     DICOM_ERROR_DEFLATE = 15,       ///< deflated data are damaged or inflate beyond the limit
@@ -232,6 +249,9 @@ VDICOM_API const char* GetErrorText(unsigned int code);
 /// Called with an element that an operation refused: it is not of this data set (code 256), or its value is an
 /// empty date or time (code 256 too). The return value is not used.
 using VDicomElementCallback = VDicomULong(VDICOM_CALLBACK*)(DICOMELEMENT* element, unsigned short code, void* userData);
+
+/// Called now and then while a data set is saved (VDicomDS::SetProgressDS). @return non-zero to go on, 0 to stop
+using VDicomProgressCallback = unsigned int(VDICOM_CALLBACK*)(VDicomUInt64 done, VDicomUInt64 total, void* userData);
 
 /// Code passed to VDicomElementCallback.
 constexpr unsigned short DICOM_INVALID_ELEMENT = 256;

@@ -85,6 +85,8 @@ public:
     VDicomULong keepPixelData = 0;
     VDicomElementCallback callback = nullptr;
     void* callbackData = nullptr;
+    VDicomProgressCallback progress = nullptr;
+    void* progressData = nullptr;
     std::array<BadElement, kMaxBad> bad{};
     std::size_t badCount = 0;
     std::vector<Fault> faults;

@@ -34,16 +34,9 @@ unsigned short KnownVR(VDicomULong tag) {
 
 bool Fits(VDicomULong length, VDicomUInt64 available) { return length == DICOM_UNDEFINED || length <= available; }
 
-// How well the header at `in` fits an encoding: 0 not at all; more for a known tag and for the VR that it should have.
-int Score(ByteSpan in, VDicomUInt64 available, Encoding encoding) {
-    ElementHeader header;
-    if (DecodeHeader(in, encoding, available, header) == Decoded::needMore)
-        return 0;
+// How well a header fits the encoding that it was read by: more for a known tag and for the VR that it should have.
+int Score(const ElementHeader& header, Encoding encoding) {
     const VDicomULong tag = header.tag;
-    if (header.unknownVR || header.otherForm || HasNoVR(tag) || !Fits(header.length, available - header.size))
-        return 0;
-    if (IsGroupLength(tag) && header.length != 4)
-        return 0;
     const unsigned short known = KnownVR(tag);
     // The letters of a text make groups from 0x2020 on: an unknown tag there is not believed.
     if (encoding.explicitVR && known == 0)
@@ -54,6 +47,40 @@ int Score(ByteSpan in, VDicomUInt64 available, Encoding encoding) {
     if (header.length == DICOM_UNDEFINED)
         return known == vr::SQ ? 3 : 0;
     return known == 0 ? 0 : 3;
+}
+
+// What speaks for an encoding: the headers from `in` on, as far as they make sense one behind the other in ascending
+// order, the item behind a sequence's header, a stream that ends with a value. 0: nothing does.
+int Evidence(ByteSpan in, VDicomUInt64 available, Encoding encoding) {
+    constexpr int kMostHeaders = 8;
+    int evidence = 0;
+    VDicomULong last = 0;
+    for (int i = 0; i < kMostHeaders; ++i) {
+        ElementHeader header;
+        if (DecodeHeader(in, encoding, available, header) == Decoded::needMore || header.unknownVR ||
+            header.otherForm || HasNoVR(header.tag) || !Fits(header.length, available - header.size))
+            break;
+        if ((i > 0 && header.tag <= last) || (IsGroupLength(header.tag) && header.length != 4))
+            break;
+        last = header.tag;
+        evidence += Score(header, encoding);
+        available -= header.size;
+        in = {in.data + header.size, in.size - header.size};
+        if (header.length == DICOM_UNDEFINED) {
+            // The item or delimiter that begins what has no length.
+            if (in.size >= 4 && VDicomTagCode(Get16(in.data, encoding.littleEndian),
+                                              Get16(in.data + 2, encoding.littleEndian)) == kItem)
+                evidence += 2;
+            break;
+        }
+        available -= header.length;
+        if (available == 0 && (i > 0 || header.length > 0))
+            ++evidence;
+        if (in.size <= header.length)
+            break;
+        in = {in.data + header.length, in.size - header.length};
+    }
+    return evidence;
 }
 
 } // namespace
@@ -142,10 +169,10 @@ unsigned int EncodeHeader(unsigned char out[kLongestHeader], VDicomULong tag, un
 
 Encoding DetectEncoding(ByteSpan in, VDicomUInt64 available, Encoding named, bool& sure) {
     Encoding best = named;
-    int bestScore = Score(in, available, named);
+    int bestScore = Evidence(in, available, named);
     // The named encoding is believed unless another one fits better.
     for (const Encoding other : {Encoding{true, true}, Encoding{true, false}, Encoding{false, true}}) {
-        const int score = Score(in, available, other);
+        const int score = Evidence(in, available, other);
         if (score > bestScore) {
             best = other;
             bestScore = score;

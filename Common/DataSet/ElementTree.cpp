@@ -283,8 +283,15 @@ void ElementTree::LinkOrdered(DICOMELEMENT* e, DICOMELEMENT* parent) {
     const Level* level = FindLevel(parent);
     DICOMELEMENT* before = nullptr;
     if (level != nullptr && !level->sorted) {
-        for (DICOMELEMENT* at = FirstChild(parent); at != nullptr && at->nTag <= e->nTag; at = NextOf(at))
-            before = at;
+        // Before the first element of a greater tag. Items before or in group 0002 are no reason to write it in another
+        // order.
+        const bool isMeta = parent == nullptr && GroupOf(e->nTag) == 2;
+        for (DICOMELEMENT* at = FirstChild(parent); at != nullptr; at = NextOf(at)) {
+            if (at->nTag <= e->nTag)
+                before = at;
+            else if (!isMeta || at->nTag != kItem)
+                break;
+        }
     } else {
         // Elements mostly come in ascending order, so the place is looked for from the end.
         before = LastChild(parent);

@@ -44,6 +44,8 @@ const char* GetErrorText(unsigned int code) {
         return "A presentation data value runs past the end of its PDU; what it belonged to is lost.";
     case DICOM_ERROR_COMMAND_LENGTH:
         return "The peer sent a command set longer than the limit; it was dropped.";
+    case DICOM_ERROR_CANCELLED:
+        return "It was stopped on the application's wish.";
     case DICOM_INVALID_ELEMENT:
         return "The element is not one of this data set, or has no value.";
     case DICOM_FAULT_TRANSFER_SYNTAX:

@@ -355,8 +355,8 @@ unsigned int Reader::AddElement(ElementHeader header) {
     if (m_meta && Top().kind == Kind::top) {
         if (header.tag == kTransferSyntaxUID)
             TakeTransferSyntax(e);
-        else if (unsigned char bytes[4];
-                 header.tag == 0x00020000 && header.length == 4 && StreamAccess::ReadAt(*m_stream, value, bytes, 4))
+        else if (unsigned char bytes[4]; header.tag == 0x00020000 && m_metaEnd == 0 && header.length == 4 &&
+                                         StreamAccess::ReadAt(*m_stream, value, bytes, 4))
             m_metaEnd = m_position + Get32(bytes, true);
     }
     return DICOM_OK;

@@ -137,6 +137,14 @@ bool ParseBinary(const DataSetState& state, DICOMELEMENT* e, const ValueForm& fo
     return true;
 }
 
+// Behind many strings stands where every 64th of them begins, so that a loop over all takes linear time.
+constexpr VDicomULong kStringMark = 64;
+
+std::uint32_t* StringMarks(const DICOMELEMENT* e) {
+    const std::size_t size = (std::size_t{e->nLength} + 1 + 3) / 4 * 4;
+    return reinterpret_cast<std::uint32_t*>(static_cast<char*>(e->pTypeValue) + size);
+}
+
 bool ParseStrings(const DataSetState& state, DICOMELEMENT* e, const ValueForm& form) {
     const PieceList list(e);
     Memory bytes = list.Exists() ? Allocate(VDicomUInt64{e->nLength} + 1) : nullptr;
@@ -154,8 +162,22 @@ bool ParseStrings(const DataSetState& state, DICOMELEMENT* e, const ValueForm& f
         used += value.size();
         text[used++] = '\0';
     }
+    const std::size_t marks = count == 0 ? 0 : (count - 1) / kStringMark;
+    if (marks != 0) {
+        void* grown = std::realloc(bytes.get(), std::size_t{e->nLength} + 4 + marks * 4);
+        if (grown == nullptr)
+            return false;
+        static_cast<void>(bytes.release());
+        bytes.reset(static_cast<unsigned char*>(grown));
+    }
     e->nCountValue = count;
     e->pTypeValue = bytes.release();
+    const char* at = static_cast<const char*>(e->pTypeValue);
+    for (std::size_t mark = 0; mark < marks; ++mark) {
+        for (VDicomULong i = 0; i < kStringMark; ++i)
+            at += std::strlen(at) + 1;
+        StringMarks(e)[mark] = static_cast<std::uint32_t>(at - static_cast<const char*>(e->pTypeValue));
+    }
     return true;
 }
 
@@ -309,6 +331,15 @@ bool ParseTypedValue(const DataSetState& state, DICOMELEMENT* e) {
     if (IsBinary(form.kind))
         return ParseBinary(state, e, form);
     return form.kind == ValueKind::Strings ? ParseStrings(state, e, form) : ParseTexts(state, e, form);
+}
+
+char* StringAt(const DICOMELEMENT* e, VDicomULong index) {
+    char* text = static_cast<char*>(e->pTypeValue);
+    if (index >= kStringMark)
+        text += StringMarks(e)[index / kStringMark - 1];
+    for (index %= kStringMark; index > 0; --index)
+        text += std::strlen(text) + 1;
+    return text;
 }
 
 bool AreGoodValues(const DICOMELEMENT* e, const ValueForm& form, VDicomULong index, VDicomULong count) {

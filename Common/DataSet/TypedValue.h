@@ -65,6 +65,9 @@ SplitRule FindSplitRule(const DataSetState& state, const DICOMELEMENT* e, const 
 /// the others are kept as bad values.
 bool ParseTypedValue(const DataSetState& state, DICOMELEMENT* e);
 
+/// String number `index` of an element whose strings have been parsed; there must be as many. Constant time.
+char* StringAt(const DICOMELEMENT* e, VDicomULong index);
+
 /// Whether `count` values from `index` on, which must be there, are good ones; empty dates and times are.
 bool AreGoodValues(const DICOMELEMENT* e, const ValueForm& form, VDicomULong index, VDicomULong count);
 

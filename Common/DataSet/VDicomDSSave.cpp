@@ -47,13 +47,26 @@ bool RepeatUID(VDicomDS& dataSet, const DataSetState& state, VDicomULong tag, VD
 
 } // namespace
 
-// Brings group 0002 in the form that is going to be written. False when there is no memory or no scratch space.
-bool VDicomDS::PrepareMeta(const SavePlan& plan) {
+// Brings group 0002 in the form that is going to be written. DICOM_ERROR_PARAMETER while a conformance check runs: its
+// elements must not change under it.
+unsigned int VDicomDS::PrepareMeta(const SavePlan& plan) {
     DataSetState& state = *m_pState;
     const DICOMELEMENT* first = Layout(state, plan.encoding, plan.bare).FirstWritten(nullptr);
     const bool hasMeta = first != nullptr && GroupOf(first->nTag) == 2;
     if (plan.bare || (!plan.part10 && !hasMeta))
-        return true;
+        return DICOM_OK;
+    if (state.frozen)
+        return DICOM_ERROR_PARAMETER;
+    if (FillMeta(plan))
+        return DICOM_OK;
+    // Either memory ran out, or the place for new values.
+    VDicomFile* scratch = state.Scratch();
+    state.error = scratch == nullptr ? state.ScratchSlot()->GetError() : scratch->GetError();
+    return scratch == nullptr || state.error != 0 ? DICOM_ERROR_WRITE : DICOM_ERROR_MEMORY;
+}
+
+bool VDicomDS::FillMeta(const SavePlan& plan) {
+    DataSetState& state = *m_pState;
     const bool isNamed = state.tree.FindChild(nullptr, kTransferSyntaxUID) != nullptr;
     if (!isNamed || (!plan.compressed && !plan.keepUID)) {
         if (!SetMeta(*this, state, kTransferSyntaxUID, vr::UI, EncodingUID(plan.encoding, plan.deflated)))
@@ -122,9 +135,13 @@ unsigned int VDicomDS::SaveDS(const char* path, unsigned short flags) {
 unsigned int VDicomDS::SaveDS(VDicomFile* stream, unsigned short flags) {
     if (stream == nullptr || stream->IsOpen() == 0)
         return DICOM_ERROR_PARAMETER;
+    m_pState->error = 0;
     const auto code = Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&] { return WriteAll(*stream, flags); });
     if (code != DICOM_OK) {
-        m_pState->error = code == DICOM_ERROR_WRITE ? stream->GetError() : 0;
+        if (code == DICOM_ERROR_WRITE && stream->GetError() != 0)
+            m_pState->error = stream->GetError();
+        else if (code == DICOM_ERROR_READ)
+            m_pState->error = m_pState->source->GetError();
         stream->Close(1);
     }
     return code;
@@ -135,14 +152,19 @@ unsigned int VDicomDS::WriteAll(VDicomFile& stream, unsigned short flags) {
     const SavePlan plan = PlanSave(state, flags);
     if (!plan.possible)
         return DICOM_ERROR_PARAMETER;
-    if (!PrepareMeta(plan))
-        return DICOM_ERROR_MEMORY;
+    if (const unsigned int code = PrepareMeta(plan); code != DICOM_OK)
+        return code;
     if (plan.part10 && (stream.Write(state.preamble, sizeof state.preamble) == 0 || stream.Write("DICM", 4) == 0))
         return DICOM_ERROR_WRITE;
     const unsigned int code = Writer(state, stream, plan.encoding, plan.bare).WriteTop(plan.Prefix(), plan.deflated);
     if (code != DICOM_OK)
         return code;
     return stream.Flush() != 0 ? DICOM_OK : DICOM_ERROR_WRITE;
+}
+
+void VDicomDS::SetProgressDS(VDicomProgressCallback callback, void* userData) {
+    m_pState->progress = callback;
+    m_pState->progressData = userData;
 }
 
 unsigned int VDicomDS::WriteSequence(VDicomFile* stream, DICOMELEMENT* parent, unsigned short flags) {
@@ -212,7 +234,7 @@ VDicomULong VDicomDS::GetLengthGroup(DICOMELEMENT* e, unsigned short flags) {
         return DICOM_UNDEFINED;
     return Guarded(DICOM_UNDEFINED, [&] {
         const SavePlan plan = PlanSave(*m_pState, flags);
-        if (ParentOf(e) == nullptr && GroupOf(e->nTag) == 2 && !PrepareMeta(plan))
+        if (ParentOf(e) == nullptr && GroupOf(e->nTag) == 2 && PrepareMeta(plan) != DICOM_OK)
             return DICOM_UNDEFINED;
         return Narrow(Layout(*m_pState, plan.encoding, plan.bare).SizeOfGroup(e));
     });
@@ -236,7 +258,7 @@ VDicomUInt64 VDicomDS::GetOffsetElement64(DICOMELEMENT* e, unsigned short flags)
         return DICOM_UNDEFINED;
     return Guarded(VDicomUInt64{DICOM_UNDEFINED}, [&] {
         const SavePlan plan = PlanSave(*m_pState, flags);
-        if (!PrepareMeta(plan))
+        if (PrepareMeta(plan) != DICOM_OK)
             return VDicomUInt64{DICOM_UNDEFINED};
         const Layout layout(*m_pState, plan.encoding, plan.bare);
         return plan.Prefix() + (e != nullptr ? layout.OffsetOf(e) : layout.SizeBelow(nullptr));

@@ -29,12 +29,9 @@ unsigned char* FindValues(const DataSetState& state, DICOMELEMENT* e, VDicomULon
     const ValueForm form = FindValueForm(e->nVR);
     if (!AreGoodValues(e, form, index, count))
         return nullptr;
-    auto* bytes = static_cast<unsigned char*>(e->pTypeValue);
-    if (form.kind != ValueKind::Strings)
-        return bytes + std::size_t{index} * form.size;
-    for (; index > 0; --index)
-        bytes += std::strlen(reinterpret_cast<const char*>(bytes)) + 1;
-    return bytes;
+    if (form.kind == ValueKind::Strings)
+        return reinterpret_cast<unsigned char*>(StringAt(e, index));
+    return static_cast<unsigned char*>(e->pTypeValue) + std::size_t{index} * form.size;
 }
 
 template <class Value>

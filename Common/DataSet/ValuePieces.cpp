@@ -1,5 +1,7 @@
 #include "ValuePieces.h"
 
+#include "Guarded.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -32,14 +34,6 @@ struct PieceArrays {
     VDicomFile** streams = nullptr;
     VDicomULong* sizes = nullptr;
 };
-
-template <class Work> unsigned int Guarded(Work work) {
-    try {
-        return work();
-    } catch (const std::bad_alloc&) {
-        return DICOM_ERROR_MEMORY;
-    }
-}
 
 // The part of a value that has to be written anew when something is put into it, in the new value's offsets. Where
 // units are swapped, bytes that come into another place of their unit, and their neighbours, are stored differently.
@@ -284,7 +278,7 @@ unsigned int HostWriter::PutHost(const PieceList& list, unsigned int unit, VDico
 
 unsigned int SpliceValue(DataSetState& state, DICOMELEMENT* e, VDicomULong offset, VDicomULong removed,
                          const Insertion& insertion) {
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         const PieceList old(e);
         const VDicomULong oldLength = old.Length();
         const VDicomUInt64 newLength =
@@ -336,7 +330,7 @@ unsigned int StoreValue(DataSetState& state, DICOMELEMENT* e, const void* bytes,
 unsigned int CopyValue(DataSetState& state, DICOMELEMENT* e, const DataSetState& from, const DICOMELEMENT* source) {
     if (e == source)
         return DICOM_OK;
-    return Guarded([&]() -> unsigned int {
+    return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         const PieceList list(source);
         if (!list.Exists())
             return DICOM_ERROR_READ;

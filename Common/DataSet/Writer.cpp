@@ -15,6 +15,9 @@ constexpr VDicomUInt64 kDelimiterSize = 8;
 constexpr std::size_t kChunk = 64 * 1024;
 // From this size on the system is asked to copy between files by itself.
 constexpr VDicomULong kLargePiece = 256 * 1024;
+// How much is written between two calls of the progress callback, and how much the system copies at once.
+constexpr VDicomUInt64 kProgressStep = VDicomUInt64{1} << 20;
+constexpr VDicomUInt64 kCopyStep = VDicomUInt64{8} << 20;
 
 unsigned short ElementVR(const DICOMELEMENT* e) {
     if (FirstChildOf(e) != nullptr && !IsUndefinedLength(e))
@@ -26,6 +29,14 @@ const DICOMELEMENT* SkipMeta(const DICOMELEMENT* e) {
     while (e != nullptr && GroupOf(e->nTag) == 2)
         e = NextOf(e);
     return e;
+}
+
+// The next element of group 0002 at the top level from `e` on: behind lower groups, and behind items, which stand
+// wherever the application put them.
+const DICOMELEMENT* NextMeta(const DICOMELEMENT* e) {
+    while (e != nullptr && (GroupOf(e->nTag) < 2 || e->nTag == kItem))
+        e = NextOf(e);
+    return e != nullptr && GroupOf(e->nTag) == 2 ? e : nullptr;
 }
 
 // Whether an element holds the offset of a record: at the top level and in records alone.
@@ -92,14 +103,8 @@ const DICOMELEMENT* Layout::FirstWritten(const DICOMELEMENT* parent) const {
     const DICOMELEMENT* first = m_state.tree.FirstChild(parent);
     if (parent != nullptr)
         return first;
-    const DICOMELEMENT* meta = first;
-    while (meta != nullptr && GroupOf(meta->nTag) < 2)
-        meta = NextOf(meta);
-    if (meta == nullptr || GroupOf(meta->nTag) != 2)
-        return first;
-    if (!m_bare)
-        return meta;
-    return first != meta ? first : SkipMeta(meta);
+    const DICOMELEMENT* meta = m_bare ? nullptr : NextMeta(first);
+    return meta != nullptr ? meta : SkipMeta(first);
 }
 
 const DICOMELEMENT* Layout::NextWritten(const DICOMELEMENT* e) const {
@@ -108,10 +113,8 @@ const DICOMELEMENT* Layout::NextWritten(const DICOMELEMENT* e) const {
         return next;
     if (GroupOf(e->nTag) != 2)
         return SkipMeta(next);
-    if (next != nullptr && GroupOf(next->nTag) == 2)
-        return next;
-    const DICOMELEMENT* first = m_state.tree.First();
-    return GroupOf(first->nTag) < 2 ? first : next;
+    const DICOMELEMENT* meta = NextMeta(next);
+    return meta != nullptr ? meta : SkipMeta(m_state.tree.First());
 }
 
 VDicomUInt64 Layout::SizeBelow(const DICOMELEMENT* parent, Encoding encoding) const {
@@ -139,9 +142,12 @@ VDicomUInt64 Layout::SizeOfGroup(const DICOMELEMENT* e) const {
     };
     while (inGroup(ElementOf(first->Link.pPrev)))
         first = ElementOf(first->Link.pPrev);
+    if (parent == nullptr && GroupOf(e->nTag) == 2)
+        first = NextMeta(m_state.tree.First());
     VDicomUInt64 size = 0;
-    for (const DICOMELEMENT* at = first; inGroup(at); at = NextOf(at)) {
-        if (!IsGroupLength(at->nTag))
+    for (const DICOMELEMENT* at = first; inGroup(at); at = NextWritten(at)) {
+        // The length of the group is not counted; a second one, from a damaged file, stands behind the first.
+        if (at != first || !IsGroupLength(at->nTag))
             size += SizeOf(at, encoding);
     }
     return size;
@@ -162,10 +168,37 @@ VDicomUInt64 Layout::OffsetOf(const DICOMELEMENT* e) const {
     }
 }
 
+// False when the application wants to stop.
+bool Writer::Advance(VDicomUInt64 size) {
+    m_done += size;
+    if (m_total == 0 || (m_done - m_said < kProgressStep && m_done != m_total))
+        return true;
+    m_said = m_done;
+    m_cancelled = m_state.progress(m_done, m_total, m_state.progressData) == 0;
+    return !m_cancelled;
+}
+
 bool Writer::Put(const void* bytes, std::size_t size) {
-    if (m_deflater != nullptr)
-        return m_deflater->Write(bytes, size);
-    return m_target.Write(bytes, static_cast<VDicomULong>(size)) != 0;
+    const bool done = m_deflater != nullptr ? m_deflater->Write(bytes, size)
+                                            : m_target.Write(bytes, static_cast<VDicomULong>(size)) != 0;
+    return done && Advance(size);
+}
+
+// Lets the system copy, in steps that show progress. False when it failed or was cancelled.
+bool Writer::CopyLarge(VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size, VDicomUInt64& done) {
+    done = 0;
+    while (m_deflater == nullptr && done < size) {
+        VDicomUInt64 copied = 0;
+        const VDicomUInt64 step = std::min(size - done, kCopyStep);
+        if (!StreamAccess::CopyRange(m_target, source, position + done, step, copied))
+            return false;
+        if (copied == 0)
+            break;
+        done += copied;
+        if (!Advance(copied))
+            return false;
+    }
+    return true;
 }
 
 unsigned int Writer::WriteHeader(VDicomULong tag, unsigned short vr, VDicomULong length, Encoding encoding) {
@@ -192,7 +225,7 @@ unsigned int Writer::WriteValue(const DICOMELEMENT* e, unsigned short outputVR, 
     unsigned int code = DICOM_OK;
     if (unit == 1) {
         const auto copy = [this](VDicomFile& source, VDicomUInt64 at, VDicomUInt64 size, VDicomUInt64& done) {
-            return m_deflater != nullptr || StreamAccess::CopyRange(m_target, source, at, size, done);
+            return CopyLarge(source, at, size, done);
         };
         code = ForEachPart(e, copy, [this](const unsigned char* bytes, std::size_t size) { return Put(bytes, size); });
     } else {
@@ -293,6 +326,15 @@ void Writer::LayOutRecords(VDicomUInt64 start) {
 
 unsigned int Writer::WriteTop(VDicomUInt64 start, bool deflated) {
     LayOutRecords(start);
+    if (m_state.progress != nullptr) {
+        m_done = start;
+        m_total = start + m_layout.SizeBelow(nullptr);
+    }
+    const unsigned int code = WriteTopElements(deflated);
+    return m_cancelled ? static_cast<unsigned int>(DICOM_ERROR_CANCELLED) : code;
+}
+
+unsigned int Writer::WriteTopElements(bool deflated) {
     const Encoding encoding = m_layout.EncodingBelow(nullptr);
     std::unique_ptr<Deflater> deflater;
     for (const DICOMELEMENT* e = m_layout.FirstWritten(nullptr); e != nullptr; e = m_layout.NextWritten(e)) {

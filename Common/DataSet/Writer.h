@@ -59,12 +59,15 @@ public:
     unsigned int WriteLevel(const DICOMELEMENT* parent);
 
 private:
+    unsigned int WriteTopElements(bool deflated);
     unsigned int WriteOne(const DICOMELEMENT* e, Encoding encoding);
     unsigned int WriteLevel(const DICOMELEMENT* parent, Encoding encoding);
     unsigned int WriteValue(const DICOMELEMENT* e, unsigned short outputVR, Encoding encoding);
     unsigned int WriteNumber(const DICOMELEMENT* e, VDicomUInt64 number, Encoding encoding);
     unsigned int WriteHeader(VDicomULong tag, unsigned short vr, VDicomULong length, Encoding encoding);
     bool Put(const void* bytes, std::size_t size);
+    bool CopyLarge(VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size, VDicomUInt64& done);
+    bool Advance(VDicomUInt64 size);
     void LayOutRecords(VDicomUInt64 start);
 
     VDicomUInt64 GroupSize(const DICOMELEMENT* e);
@@ -77,6 +80,10 @@ private:
     Deflater* m_deflater = nullptr;
     std::unordered_map<VDicomULong, VDicomUInt64> m_records; ///< key number to offset
     bool m_hasRecords = false;
+    VDicomUInt64 m_total = 0; ///< bytes to write, before deflating; 0: nobody asks
+    VDicomUInt64 m_done = 0;
+    VDicomUInt64 m_said = 0; ///< what the progress callback heard last
+    bool m_cancelled = false;
 };
 
 } // namespace vdicom

@@ -249,6 +249,30 @@ TEST(Reader, WhatIsNoDataSetIsRefused) {
     EXPECT_EQ(dataSet.LoadDS(static_cast<const char*>(nullptr), 0), static_cast<unsigned int>(DICOM_ERROR_PARAMETER));
 }
 
+// Streams without preamble that begin with a tag that nobody knows: what follows tells how they are encoded.
+TEST(Reader, BareStreamsAreJudgedByMoreThanTheirFirstHeader) {
+    const struct {
+        Bytes bytes;
+        VDicomULong first;
+        VDicomULong last;
+    } cases[] = {
+        {"1100 0110 'LO' 0200 'A ' 2800 1000 'US' 0200 0002"_bytes, 0x00111001, 0x00280010},
+        {"0011 1001 'LO' 0000 0028 0010 'US' 0002 0200"_bytes, 0x00111001, 0x00280010},
+        {"1100 0110 02000000 'A ' 2800 1000 02000000 0002"_bytes, 0x00111001, 0x00280010},
+        {"3130 0110 'LO' 0200 'A ' E07F 1000 'OB' 0000 02000000 0102"_bytes, 0x30311001, 0x7FE00010},
+        {"3130 0110 02000000 'A '"_bytes, 0x30311001, 0x30311001},
+        {"3130 0110 FFFFFFFF FEFF 00E0 00000000 FEFF DDE0 00000000"_bytes, 0x30311001, 0x30311001},
+        {"3031 1001 'SQ' 0000 FFFFFFFF FFFE E000 00000000 FFFE E0DD 00000000"_bytes, 0x30311001, 0x30311001},
+    };
+    for (const auto& each : cases) {
+        VDicomDS dataSet;
+        EXPECT_EQ(Load(dataSet, each.bytes), kDone) << Describe(dataSet);
+        ASSERT_NE(dataSet.GetFirstElement(nullptr, 1, 1), nullptr);
+        EXPECT_EQ(dataSet.GetFirstElement(nullptr, 1, 1)->nTag, each.first) << Describe(dataSet);
+        EXPECT_EQ(dataSet.GetLastElement(nullptr, 1, 1)->nTag, each.last) << Describe(dataSet);
+    }
+}
+
 TEST(Reader, DepthLimitLoadLimitAndOffsets) {
     const Bytes open = "0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 FFFFFFFF"_bytes;
     Bytes nested;

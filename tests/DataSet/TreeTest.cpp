@@ -250,6 +250,7 @@ TEST(Tree, NothingChangesWhileConformanceIsChecked) {
     stream.SetMemoryBuffer(bytes.data(), static_cast<VDicomULong>(bytes.size()), 1);
     dataSet.Set(true);
     EXPECT_EQ(dataSet.InsertElement(nullptr, 0, 0x00100010, 0, 0, 0), nullptr);
+    EXPECT_EQ(dataSet.GetOffsetElement(nullptr, DICOM_FLAG_PART10), DICOM_UNDEFINED) << "group 0002 would be filled";
     EXPECT_EQ(dataSet.DeleteElement(dataSet.GetFirstElement(nullptr, 1, 1)), nullptr);
     EXPECT_EQ(dataSet.InsertKey(nullptr, 0, "PATIENT"), nullptr);
     dataSet.ResetDS();

@@ -246,6 +246,13 @@ TEST(Values, StringsAreTrimmedAndDivided) {
     EXPECT_EQ(names.String(4), "null");
     const char* all = names.dataSet.GetStringValue(names.e, 0, kAll);
     EXPECT_EQ(std::memcmp(all, "A\0\0B C\0\0", 8), 0) << "one behind the other";
+    std::string numbers = "0";
+    for (int i = 1; i < 200; ++i)
+        numbers += "\\" + std::to_string(i);
+    OneElement many(vr::UC, numbers);
+    for (int i : {0, 63, 64, 65, 127, 128, 191, 192, 199})
+        EXPECT_EQ(many.String(static_cast<VDicomULong>(i)), std::to_string(i));
+    EXPECT_EQ(many.String(200), "null");
     OneElement text(vr::ST, "  A  ");
     EXPECT_EQ(text.String(0), "  A") << "blanks before a text count";
     OneElement zeros(vr::UI, "1.2\0\\1.3\0"s);

@@ -229,6 +229,23 @@ TEST(Writer, FileMetaInformationStandsFirst) {
     EXPECT_EQ(Describe(read), Describe(dataSet));
     EXPECT_EQ(read.GetElementOffset(read.FindFirstElement(nullptr, 0x00010001, 1)), offset);
     EXPECT_EQ(Save(read, DICOM_FLAG_BARE), low);
+
+    // Items that an application puts before it, or into it, do not hide it; a second length counts as what it is.
+    const Bytes doubled = "0200 0000 'UL' 0400 00000000 0200 0000 'UL' 0400 00000000"_bytes;
+    Bytes damaged = Part10(kExplicit, low);
+    damaged.insert(damaged.begin() + 132, doubled.begin(), doubled.end());
+    for (const VDicomULong index : {0U, 2U}) {
+        VDicomDS astray;
+        ASSERT_EQ(Load(astray, damaged), kDone);
+        DICOMELEMENT* item = astray.InsertElement(nullptr, 0, 0xFFFEE000, 0, 1, index);
+        ASSERT_EQ(astray.GetIndexElement(nullptr, index), item);
+        VDicomDS again;
+        Load(again, Save(astray, 0));
+        EXPECT_EQ(Text(again, 0x00020010), kExplicit);
+        for (const unsigned int fault : Faults(again))
+            EXPECT_NE(fault, static_cast<unsigned int>(DICOM_FAULT_META)) << "the length of the group";
+        EXPECT_EQ(again.GetCountElement(nullptr), astray.GetCountElement(nullptr));
+    }
 }
 
 TEST(Writer, ValuesTooLongForAShortHeaderAreKept) {
@@ -301,6 +318,37 @@ TEST(Writer, LargeValuesGoFromFileToFileWhole) {
         ASSERT_EQ(read.SaveDS(first.c_str(), flags), kDone) << std::hex << flags;
     }
     EXPECT_TRUE(ReadFile(first) == expected);
+    // Progress is told up to the last byte, and a save can be stopped.
+    struct Told {
+        VDicomUInt64 done = 0;
+        VDicomUInt64 total = 0;
+        unsigned int calls = 0;
+        unsigned int stopAt = 0;
+        static unsigned int VDICOM_CALLBACK Take(VDicomUInt64 done, VDicomUInt64 total, void* self) {
+            Told& told = *static_cast<Told*>(self);
+            EXPECT_GT(done, told.done);
+            told.done = done;
+            told.total = total;
+            return ++told.calls == told.stopAt ? 0 : 1;
+        }
+    };
+    for (const unsigned short flags : std::initializer_list<unsigned short>{0, 0x15, 0x29, 0x2025}) {
+        VDicomDS read;
+        Told told;
+        ASSERT_EQ(read.LoadDS(first.c_str(), 0), kDone);
+        read.SetProgressDS(Told::Take, &told);
+        const std::string copy = folder.File("copy.dcm");
+        ASSERT_EQ(read.SaveDS(copy.c_str(), flags), kDone);
+        EXPECT_EQ(told.done, told.total) << std::hex << flags;
+        EXPECT_GE(told.calls, flags == 0 || flags == 0x15 ? 1u : 3u) << "the system copies more at once";
+        if (flags != 0x2025) {
+            EXPECT_EQ(told.total, ReadFile(copy).size());
+        }
+        const Bytes before = ReadFile(copy);
+        told = Told{0, 0, 0, 1};
+        EXPECT_EQ(read.SaveDS(copy.c_str(), flags), static_cast<unsigned int>(DICOM_ERROR_CANCELLED));
+        EXPECT_TRUE(ReadFile(copy) == before);
+    }
     // A source that has been cut off meanwhile is told, and nothing is replaced.
     const std::string second = folder.File("second.dcm");
     VDicomDS read;

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <system_error>
+#include <utility>
 
 namespace program {
 
@@ -26,7 +27,7 @@ void Write(const std::string& line) {
 
 void SetMessagePrefix(const char* prefix) { prefixText = prefix; }
 
-void SetMessageProgress(Progress* progress) { progressLine = progress; }
+Progress* SetMessageProgress(Progress* progress) { return std::exchange(progressLine, progress); }
 
 void Say(std::string_view sentence) { Write(fmt::format("{}: {}\n", prefixText, VisibleCopy(sentence))); }
 

@@ -14,8 +14,8 @@ class Progress;
 
 /// What messages begin with: "vdicom dump".
 void SetMessagePrefix(const char* prefix);
-/// The progress line that has to go away before a message; null: none.
-void SetMessageProgress(Progress* progress);
+/// Sets the progress line that has to go away before a message; null: none. @return the one before
+Progress* SetMessageProgress(Progress* progress);
 
 /// "vdicom dump: SENTENCE"
 void Say(std::string_view sentence);

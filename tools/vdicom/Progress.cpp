@@ -19,18 +19,16 @@ void Write(const std::string& text) { VDicomConsole::Write(DICOM_STDERR, text.da
 
 } // namespace
 
-Progress::Progress(std::string_view what, std::size_t total)
-    : m_what(what), m_total(total), m_active(VDicomConsole::IsTerminal(DICOM_STDERR) != 0), m_start(Clock::now()),
-      m_next(m_start + kFirst) {
-    SetMessageProgress(this);
-}
+Progress::Progress(std::string_view what, std::uint64_t total, std::uint64_t unit)
+    : m_what(what), m_total(total), m_unit(unit), m_outer(SetMessageProgress(this)),
+      m_active(VDicomConsole::IsTerminal(DICOM_STDERR) != 0), m_start(Clock::now()), m_next(m_start + kFirst) {}
 
 Progress::~Progress() {
-    SetMessageProgress(nullptr);
+    SetMessageProgress(m_outer);
     Hide();
 }
 
-void Progress::Done(std::size_t count) {
+void Progress::Done(std::uint64_t count) {
     if (!m_active)
         return;
     const Clock::time_point now = Clock::now();
@@ -46,20 +44,24 @@ void Progress::Hide() {
     m_shown = false;
 }
 
-void Progress::Draw(std::size_t count) {
+void Progress::Draw(std::uint64_t count) {
     const std::chrono::duration<double> spent = Clock::now() - m_start;
     std::string line = "\r\033[K";
     if (m_total > 0) {
         const std::size_t width = 30;
-        const std::size_t filled = std::min(width, count * width / m_total);
-        line += fmt::format("[{}{}] {} of {} {}", std::string(filled, '#'), std::string(width - filled, '.'), count,
-                            m_total, m_what);
+        const auto filled = static_cast<std::size_t>(static_cast<double>(std::min(count, m_total)) /
+                                                     static_cast<double>(m_total) * static_cast<double>(width));
+        line += fmt::format("[{}{}] {} of {} {}", std::string(filled, '#'), std::string(width - filled, '.'),
+                            count / m_unit, m_total / m_unit, m_what);
+        if (m_unit > 1)
+            line += fmt::format(", {:.0f} {}/s",
+                                static_cast<double>(count) / static_cast<double>(m_unit) / spent.count(), m_what);
         if (count > 0) {
             const double left = spent.count() / static_cast<double>(count) * static_cast<double>(m_total - count);
             line += fmt::format(", {:.0f} s left", left);
         }
     } else {
-        line += fmt::format("{} {}, {:.0f} s", count, m_what, spent.count());
+        line += fmt::format("{} {}, {:.0f} s", count / m_unit, m_what, spent.count());
     }
     // Not wider than the terminal: a wrapped line could not be taken back.
     const VDicomULong columns = VDicomConsole::GetColumns(DICOM_STDERR);

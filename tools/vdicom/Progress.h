@@ -3,30 +3,33 @@
 #pragma once
 
 #include <chrono>
-#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace program {
 
 class Progress {
 public:
-    /// @param what "converted", shown behind the numbers @param total 0: not known
-    Progress(std::string_view what, std::size_t total);
+    /// @param what "files", shown behind the numbers @param total 0: not known @param unit the numbers are shown
+    ///        divided by it, and with how many a second
+    Progress(std::string_view what, std::uint64_t total, std::uint64_t unit = 1);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     /// Says how much is done. Cheap: the line is drawn ten times a second at most.
-    void Done(std::size_t count);
+    void Done(std::uint64_t count);
     /// Takes the line away until the next Done.
     void Hide();
 
 private:
-    void Draw(std::size_t count);
+    void Draw(std::uint64_t count);
 
     using Clock = std::chrono::steady_clock;
     std::string_view m_what;
-    std::size_t m_total;
+    std::uint64_t m_total;
+    std::uint64_t m_unit;
+    Progress* m_outer; ///< the one whose line this one's takes
     bool m_active;
     bool m_shown = false;
     Clock::time_point m_start;

@@ -6,20 +6,7 @@
 
 namespace program {
 
-namespace vr {
-constexpr unsigned short AE = VDicomVRCode('A', 'E'), AS = VDicomVRCode('A', 'S'), AT = VDicomVRCode('A', 'T'),
-                         CS = VDicomVRCode('C', 'S'), DA = VDicomVRCode('D', 'A'), DS = VDicomVRCode('D', 'S'),
-                         DT = VDicomVRCode('D', 'T'), FD = VDicomVRCode('F', 'D'), FL = VDicomVRCode('F', 'L'),
-                         IS = VDicomVRCode('I', 'S'), LO = VDicomVRCode('L', 'O'), LT = VDicomVRCode('L', 'T'),
-                         OB = VDicomVRCode('O', 'B'), OD = VDicomVRCode('O', 'D'), OF = VDicomVRCode('O', 'F'),
-                         OL = VDicomVRCode('O', 'L'), OV = VDicomVRCode('O', 'V'), OW = VDicomVRCode('O', 'W'),
-                         PN = VDicomVRCode('P', 'N'), SH = VDicomVRCode('S', 'H'), SL = VDicomVRCode('S', 'L'),
-                         SQ = VDicomVRCode('S', 'Q'), SS = VDicomVRCode('S', 'S'), ST = VDicomVRCode('S', 'T'),
-                         SV = VDicomVRCode('S', 'V'), TM = VDicomVRCode('T', 'M'), UC = VDicomVRCode('U', 'C'),
-                         UI = VDicomVRCode('U', 'I'), UL = VDicomVRCode('U', 'L'), UN = VDicomVRCode('U', 'N'),
-                         UR = VDicomVRCode('U', 'R'), US = VDicomVRCode('U', 'S'), UT = VDicomVRCode('U', 'T'),
-                         UV = VDicomVRCode('U', 'V');
-} // namespace vr
+namespace vr = vdicom::vr;
 
 /// How a value is made up.
 enum class Kind : unsigned char {

@@ -2,6 +2,7 @@
 
 #include "Input.h"
 #include "Message.h"
+#include "Progress.h"
 #include "ValueText.h"
 #include "Vr.h"
 
@@ -10,6 +11,7 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <optional>
 
 namespace program {
 
@@ -35,9 +37,32 @@ std::string Reason(VDicomDS& ds, const std::string& path, unsigned int result) {
     return GetErrorText(result);
 }
 
+/// The progress of one save, for files that take longer than a moment.
+class SaveProgress {
+public:
+    explicit SaveProgress(VDicomDS& ds) : m_ds(ds) { m_ds.SetProgressDS(Told, this); }
+    ~SaveProgress() { m_ds.SetProgressDS(nullptr, nullptr); }
+    SaveProgress(const SaveProgress&) = delete;
+    SaveProgress& operator=(const SaveProgress&) = delete;
+
+private:
+    static unsigned int VDICOM_CALLBACK Told(VDicomUInt64 done, VDicomUInt64 total, void* self) {
+        constexpr VDicomUInt64 megabyte = 1000000;
+        std::optional<Progress>& line = static_cast<SaveProgress*>(self)->m_line;
+        if (!line)
+            line.emplace("MB", total, megabyte);
+        line->Done(done);
+        return 1;
+    }
+
+    VDicomDS& m_ds;
+    std::optional<Progress> m_line;
+};
+
 } // namespace
 
 std::string SaveTo(VDicomDS& ds, const std::string& path, unsigned short flags) {
+    const SaveProgress progress(ds);
     unsigned int result = DICOM_OK;
     if (IsStandard(path)) {
         VDicomFile out;
