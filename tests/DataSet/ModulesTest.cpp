@@ -38,7 +38,7 @@ DICOMIOD* Next(DICOMIOD* entry) { return VDicomIOD::GetNext(entry, 1); }
 
 // What is expected: every element with its level, in the order of the tags; the first that lists a tag wins.
 using Levels = std::map<VDicomULong, std::string>;
-void Expand(DICOMIOD* entry, bool all, Levels& level, std::string indent, VDicomULong& entries) {
+void Expand(DICOMIOD* entry, bool all, Levels& level, const std::string& indent, VDicomULong& entries) {
     for (DICOMIOD* child = Down(entry); child != nullptr; child = Next(child)) {
         if (child->nType != DICOM_IOD_ELEMENT) {
             Expand(child, all, level, indent, entries);
@@ -50,26 +50,28 @@ void Expand(DICOMIOD* entry, bool all, Levels& level, std::string indent, VDicom
         Levels below;
         const bool isSequence = Down(child) != nullptr;
         Expand(child, all, below, indent + "  ", entries);
-        std::string lines;
+        char line[16];
+        std::snprintf(line, sizeof line, "%08X\n", static_cast<unsigned int>(child->nCode));
+        std::string lines = indent + line;
         if (isSequence && child->nCode != 0x00041220) {
             lines += indent + " item\n";
             for (const auto& [tag, text] : below)
                 lines += text;
         }
-        char tag[16];
-        std::snprintf(tag, sizeof tag, "%08X", static_cast<unsigned int>(child->nCode));
-        level.emplace(+child->nCode, indent + tag + "\n" + lines);
+        level.emplace(+child->nCode, lines);
     }
 }
 
 std::string Show(VDicomDS& dataSet, DICOMELEMENT* parent, const std::string& indent) {
     std::string lines;
     for (DICOMELEMENT* e = dataSet.GetFirstElement(parent, 1, 1); e != nullptr; e = dataSet.GetNextElement(e, 1, 1)) {
-        char tag[16];
-        std::snprintf(tag, sizeof tag, "%08X", static_cast<unsigned int>(e->nTag));
-        if ((e->nTag >> 16) != 2)
-            lines += indent + (e->nTag == 0xFFFEE000 ? std::string("item") : std::string(tag)) + "\n" +
-                     Show(dataSet, e, indent + " ");
+        if ((e->nTag >> 16) == 2)
+            continue;
+        char line[16];
+        std::snprintf(line, sizeof line, "%08X\n", static_cast<unsigned int>(e->nTag));
+        lines += indent;
+        lines += e->nTag == 0xFFFEE000 ? "item\n" : line;
+        lines += Show(dataSet, e, indent + " ");
     }
     return lines;
 }

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
+#include <cctype>
 #include <ctime>
 #include <new>
 
@@ -295,7 +295,7 @@ void ObjectMaker::FindMissing(DICOMIOD* entry, DICOMELEMENT* parent, const std::
         here.push_back(e->nTag);
         if (IsEmpty(e)) {
             if (child->nUsage == DICOM_ELEMENT_1)
-                missing.insert({std::move(here), {step, e->nTag, child->pszName}});
+                missing.emplace(std::move(here), MissingValue{step, e->nTag, child->pszName});
             return;
         }
         VDicomULong number = 0;
