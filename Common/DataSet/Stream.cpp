@@ -220,6 +220,7 @@ bool Stream::Close(bool discard) {
     m_path.clear();
     m_folder.clear();
     m_canRead = m_canWrite = m_temporary = m_replacing = m_lost = false;
+    ranges = nullptr;
     m_position = m_fileSize = m_windowStart = m_pendingStart = 0;
     m_windowSize = m_pendingSize = 0;
     m_nextRead = kFirstRead;
@@ -510,6 +511,10 @@ bool Stream::Write(const void* buffer, std::size_t size) {
 
 bool Stream::CopyRange(Stream& source, std::uint64_t position, std::uint64_t size, std::uint64_t& done) {
     done = 0;
+    // What does not fit into memory anyway is copied by the system from the start.
+    if (m_backing == Backing::temporaryMemory && source.m_backing == Backing::file &&
+        m_position + size > kMemoryLimit && !TakeFile())
+        return false;
     if (m_backing != Backing::file || source.m_backing != Backing::file || !m_canWrite || &source == this)
         return true;
     if (!Flush() || !source.Flush())

@@ -8,8 +8,11 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vdicom {
+
+struct StreamRange;
 
 /// Bytes in memory: somebody else's until the first write, or our own, growing by doubling.
 class StreamMemory {
@@ -78,6 +81,9 @@ public:
     /// Copies a range of another stream to the current position and moves on, where the system copies between files
     /// by itself. `done` less than `size` with true: the rest has to be read and written. False: a write failed.
     bool CopyRange(Stream& source, std::uint64_t position, std::uint64_t size, std::uint64_t& done);
+
+    /// Where ranges are noted instead of being copied; null: they are copied.
+    std::vector<StreamRange>* ranges = nullptr;
 
     bool SetMemory(const unsigned char* buffer, std::size_t size, bool attach);
     /// Null unless this is a memory stream.

@@ -5,7 +5,17 @@
 #include "Bytes.h"
 #include "VDicomFile.h"
 
+#include <vector>
+
 namespace vdicom {
+
+/// A range of a stream that stands in another one's bytes without having been copied.
+struct StreamRange {
+    VDicomUInt64 before; ///< how many bytes of the other stream itself come before it
+    VDicomFile* source;
+    VDicomUInt64 position;
+    VDicomUInt64 size;
+};
 
 struct StreamAccess {
     /// The bytes at `position`, `wanted` of them or fewer when the stream ends before; more where the buffer holds more
@@ -24,6 +34,9 @@ struct StreamAccess {
     /// between files by itself: `done` bytes, which may be none. False when the target cannot be written.
     static bool CopyRange(VDicomFile& target, VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size,
                           VDicomUInt64& done);
+
+    /// From now until `file` is closed, CopyRange into it copies nothing but adds to `ranges`; null ends that.
+    static void CollectRanges(VDicomFile& file, std::vector<StreamRange>* ranges);
 
     static VDicomUInt64 Size(const VDicomFile& file);
 

@@ -103,8 +103,18 @@ bool StreamAccess::Append(VDicomFile& file, const void* buffer, std::size_t size
 bool StreamAccess::CopyRange(VDicomFile& target, VDicomFile& source, VDicomUInt64 position, VDicomUInt64 size,
                              VDicomUInt64& done) {
     done = 0;
+    if (target.m_pStream != nullptr && target.m_pStream->ranges != nullptr) {
+        target.m_pStream->ranges->push_back({target.Tell64(), &source, position, size});
+        done = size;
+        return true;
+    }
     return target.m_pStream == nullptr || source.m_pStream == nullptr ||
            target.m_pStream->CopyRange(*source.m_pStream, position, size, done);
+}
+
+void StreamAccess::CollectRanges(VDicomFile& file, std::vector<StreamRange>* ranges) {
+    if (file.m_pStream != nullptr)
+        file.m_pStream->ranges = ranges;
 }
 
 VDicomUInt64 StreamAccess::Size(const VDicomFile& file) { return file.GetSize64(); }

@@ -37,12 +37,16 @@ unsigned int OutgoingSet::Encode(VDicomDS* set, const Route& route) {
     unsigned int code = Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&] { return Write(*set, route); });
     if (code != DICOM_OK)
         return code;
-    const VDicomUInt64 size = m_bytes.GetSize64();
+    VDicomUInt64 size = m_bytes.GetSize64();
+    for (const StreamRange& range : m_ranges)
+        size += range.size;
     code = PDataSplitter::Check(size, route.limit);
     if (code != DICOM_OK)
         return code;
     m_plan = PDataSplitter(route.contextId, route.command, size, route.limit);
     m_sent = 0;
+    m_range = 0;
+    m_passed = 0;
     m_done = !m_plan.Next(m_part);
     return DICOM_OK;
 }
@@ -66,7 +70,34 @@ unsigned int OutgoingSet::Write(VDicomDS& set, const Route& route) {
         if (m_bytes.Write(length, sizeof length) == 0)
             return DICOM_ERROR_WRITE;
     }
+    m_ranges.clear();
+    StreamAccess::CollectRanges(m_bytes, route.inPlace ? &m_ranges : nullptr);
     return set.SaveDS(&m_bytes, flags);
+}
+
+// Encoded bytes from `offset` on, where they stand; empty at the end, or when they cannot be read.
+ByteSpan OutgoingSet::Look(VDicomUInt64 offset) {
+    while (m_range < m_ranges.size() && offset >= m_ranges[m_range].before + m_passed + m_ranges[m_range].size)
+        m_passed += m_ranges[m_range++].size;
+    VDicomFile* stream = &m_bytes;
+    VDicomUInt64 position = offset - m_passed;
+    VDicomUInt64 end = m_bytes.GetSize64();
+    if (m_range < m_ranges.size()) {
+        const StreamRange& range = m_ranges[m_range];
+        end = range.before;
+        if (position >= range.before) {
+            stream = range.source;
+            position = position - range.before + range.position;
+            end = range.position + range.size;
+        }
+    }
+    const VDicomUInt64 left = end - std::min(position, end);
+    if (left == 0)
+        return {};
+    const auto wanted = static_cast<std::size_t>(std::min<VDicomUInt64>(left, StreamAccess::kMaxView));
+    ByteSpan found = StreamAccess::View(*stream, position, wanted);
+    found.size = static_cast<std::size_t>(std::min<VDicomUInt64>(found.size, left));
+    return found;
 }
 
 std::size_t OutgoingSet::Gather(ByteSpan* out, std::size_t most) {
@@ -75,14 +106,9 @@ std::size_t OutgoingSet::Gather(ByteSpan* out, std::size_t most) {
     const VDicomULong header = static_cast<VDicomULong>(kDataHeader);
     VDicomULong sent = m_sent;
     const VDicomUInt64 start = m_part.offset + (sent > header ? sent - header : 0);
-    const VDicomUInt64 size = m_bytes.GetSize64();
-    ByteSpan window;
-    if (start < size) {
-        const VDicomUInt64 wanted = std::min<VDicomUInt64>(size - start, StreamAccess::kMaxView);
-        window = StreamAccess::View(m_bytes, start, static_cast<std::size_t>(wanted));
-        if (window.size == 0)
-            return 0;
-    }
+    ByteSpan window = Look(start);
+    if (window.size == 0 && m_part.fragment != 0)
+        return 0;
     PDataSplitter ahead = m_plan;
     std::size_t count = 0;
     m_gathered[0] = m_part;
@@ -117,8 +143,10 @@ std::size_t OutgoingSet::Sent(std::size_t bytes, bool& complete) {
     if (complete) {
         m_sent = 0;
         m_done = !m_plan.Next(m_part);
-        if (m_done)
+        if (m_done) {
             m_bytes.Close(1);
+            m_ranges.clear();
+        }
     }
     return counted;
 }

@@ -215,6 +215,44 @@ TEST(PData, EverySyntaxComesBackTheSame) {
     }
 }
 
+TEST(PData, InPlaceGivesTheSameBytes) {
+    // Fragments too large to be copied, with small ones between, in a file; and a large value in memory.
+    const TestFolder folder;
+    Bytes pixels = "2800 1000 'US' 0200 0102 E07F 1000 'OB' 0000 FFFFFFFF"_bytes;
+    for (const std::uint32_t size : {0U, 300000U, 262144U, 10U, 700000U, 262142U}) {
+        Bytes item(8 + size, static_cast<unsigned char>(size));
+        Put32(item.data(), 0xE000FFFE, true);
+        Put32(item.data() + 4, size, true);
+        pixels = pixels + item;
+    }
+    const Bytes file = Part10(kJpegLossless, pixels + "FEFF DDE0 00000000"_bytes);
+    const std::string path = folder.Write("a.dcm", std::string(file.begin(), file.end()));
+    VDicomDS jpeg;
+    ASSERT_EQ(jpeg.LoadDS(path.c_str(), 0), 0u);
+    VDicomDS image;
+    FillImage(image, 400000);
+    for (VDicomDS* set : {&jpeg, &image}) {
+        OutgoingSet::Route route{1, false, set == &jpeg ? kJpegLossless : kExplicit, 16384, nullptr};
+        const Bytes copied = Encoded(*set, route);
+        EXPECT_GT(copied.size(), 400000u);
+        route.inPlace = true;
+        for (const std::size_t step : {1000000, 40000, 777}) {
+            OutgoingSet out;
+            ASSERT_EQ(out.Encode(set, route), 0u);
+            EXPECT_TRUE(Drain(out, step, 7) == copied);
+        }
+    }
+    // A file that has become shorter: no more bytes, and not done.
+    OutgoingSet out;
+    ASSERT_EQ(out.Encode(&jpeg, {1, false, kJpegLossless, 16384, nullptr, true}), 0u);
+    std::error_code refused; // Windows keeps an open file as it is
+    std::filesystem::resize_file(TestFolder::FromUtf8(path), 2000, refused);
+    if (!refused) {
+        EXPECT_THROW(Drain(out, 1 << 20, 4), std::runtime_error);
+        EXPECT_FALSE(out.Done());
+    }
+}
+
 TEST(PData, MessagesAndFaults) {
     const Bytes echo = CommandPdus(Command::cEchoRequest, false);
     const Bytes store = CommandPdus(Command::cStoreRequest, true);
