@@ -86,7 +86,7 @@ int PeerAddress(SocketHandle socket, SocketAddress& address);
 /// Lets events come as messages to a window of this thread: first parameter the socket, second the event in the low
 /// word and the error in the high word. A new selection replaces the old one; 0 ends it, but messages may be under way.
 ///
-/// - connect: once, when connecting has ended, well or not.
+/// - connect: once, when connecting has ended, well or not; select before ConnectSocket.
 /// - accept: when a connection is waiting; once more after AcceptSocket when another one is.
 /// - read: when there are bytes; once more after ReceiveFrom when there still are. Who receives when it is not told to
 ///   may find that the bytes of an event that is under way are gone (10035).

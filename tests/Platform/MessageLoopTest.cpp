@@ -1,5 +1,6 @@
 // The contract of message windows and of the loop, the same on every platform.
 #include "MessageLoop.h"
+#include "CountedMemory.h"
 #include "VDicomMessageLoop.h"
 
 #include <gmock/gmock.h>
@@ -196,4 +197,23 @@ TEST_F(MessageLoop, Timers) {
     EXPECT_EQ(VDicomMessageLoop::RunOnce(0), DICOM_LOOP_TIMEOUT);
     EXPECT_TRUE(DestroyMessageWindow(window)); // with a timer that runs
     EXPECT_FALSE(StartWindowTimer(window, 1, 10));
+}
+
+TEST_F(MessageLoop, MemoryRunsOut) {
+    const WindowHandle parent = CreateMessageWindow("parent", kNoWindow);
+    const WindowHandle first = CreateMessageWindow("child", parent); // makes room for more
+    WindowHandle child = kNoWindow;
+    memory::FailEachTime([&] { return (child = CreateMessageWindow("child", parent)) != kNoWindow; },
+                         [&] { EXPECT_EQ(NextSiblingWindow(first), kNoWindow); });
+    memory::FailEachTime([&] { return StartWindowTimer(child, 1, 60000); },
+                         [&] { EXPECT_FALSE(StopWindowTimer(child, 1)); });
+    // The queue takes memory now and then; what was refused does not come.
+    std::size_t taken = 0;
+    memory::g_failAfter = 0;
+    while (taken < 1000 && PostToWindow(child, kEvent, taken, 0))
+        ++taken;
+    memory::g_failAfter = -1;
+    EXPECT_EQ(RunAll(), DICOM_LOOP_TIMEOUT);
+    EXPECT_EQ(m_seen.size(), taken);
+    EXPECT_TRUE(DestroyMessageWindow(parent));
 }

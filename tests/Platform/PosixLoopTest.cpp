@@ -1,7 +1,7 @@
 // The message loop inside somebody else's: its descriptor.
 #if !defined(_WIN32)
 
-#include "MessageLoop.h"
+#include "Socket.h"
 #include "VDicomMessageLoop.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +9,8 @@
 #include <thread>
 
 #include <poll.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -63,6 +65,49 @@ TEST(PosixLoop, DescriptorIsReadableWhileThereIsWork) {
     EXPECT_EQ(VDicomMessageLoop::RunOnce(0), DICOM_LOOP_WOKEN);
     EXPECT_FALSE(IsReadable(0));
     DestroyMessageWindow(g_window);
+    EXPECT_TRUE(UnregisterMessageWindows());
+}
+
+TEST(PosixLoop, ListenerWithoutDescriptorsWaitsForOne) {
+    static int accepts = 0;
+    accepts = 0;
+    ASSERT_TRUE(RegisterMessageWindows("VDICOM_TEST_CLASS",
+                                       [](WindowHandle, unsigned int, std::uintptr_t, std::intptr_t) { ++accepts; }));
+    const WindowHandle window = CreateMessageWindow("window", kNoWindow);
+    std::vector<SocketAddress> addresses;
+    ASSERT_EQ(ResolveAddress("127.0.0.1", 0, true, addresses), 0);
+    SocketHandle listener = kNoSocket;
+    SocketHandle client = kNoSocket;
+    SocketHandle spare = kNoSocket;
+    for (SocketHandle* socket : {&listener, &client, &spare})
+        ASSERT_EQ(OpenSocket(addresses[0], *socket), 0);
+    SocketAddress address;
+    ASSERT_EQ(BindSocket(listener, addresses[0]), 0);
+    ASSERT_EQ(ListenSocket(listener, 5), 0);
+    ASSERT_EQ(LocalAddress(listener, address), 0);
+    ASSERT_EQ(SelectSocketEvents(listener, window, kFirstUserMessage, kAcceptEvent), 0);
+    ASSERT_EQ(SelectSocketEvents(spare, window, kFirstUserMessage, kReadEvent), 0);
+    ASSERT_EQ(ConnectSocket(client, address), 0);
+    EXPECT_EQ(VDicomMessageLoop::RunOnce(10000), DICOM_LOOP_HANDLED);
+    // No descriptor is free.
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &old), 0);
+    const int lowest = dup(0);
+    close(lowest);
+    const rlimit full{static_cast<rlim_t>(lowest), old.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &full), 0);
+    SocketHandle accepted = kNoSocket;
+    EXPECT_EQ(AcceptSocket(listener, accepted), 10024);
+    EXPECT_EQ(VDicomMessageLoop::RunOnce(50), DICOM_LOOP_TIMEOUT);
+    EXPECT_EQ(accepts, 1);
+    CloseSocket(spare);
+    EXPECT_EQ(VDicomMessageLoop::RunOnce(10000), DICOM_LOOP_HANDLED);
+    EXPECT_EQ(accepts, 2);
+    EXPECT_EQ(AcceptSocket(listener, accepted), 0);
+    EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &old), 0);
+    for (const SocketHandle socket : {listener, client, accepted})
+        CloseSocket(socket);
+    EXPECT_TRUE(DestroyMessageWindow(window));
     EXPECT_TRUE(UnregisterMessageWindows());
 }
 

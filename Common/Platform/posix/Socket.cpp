@@ -62,10 +62,16 @@ int PendingError(int descriptor) {
     return error == 0 ? 0 : SocketErrorOf(error);
 }
 
-bool HasFlag(int descriptor, int option) {
-    int value = 0;
-    socklen_t size = sizeof value;
-    return getsockopt(descriptor, SOL_SOCKET, option, &value, &size) == 0 && value != 0;
+enum class State : unsigned char { unconnected, connecting, connected, listening };
+
+State StateOf(int descriptor) {
+    tcp_info info{};
+    socklen_t size = sizeof info;
+    if (getsockopt(descriptor, IPPROTO_TCP, TCP_INFO, &info, &size) != 0 || info.tcpi_state == TCP_CLOSE)
+        return State::unconnected;
+    return info.tcpi_state == TCP_LISTEN                                        ? State::listening
+           : info.tcpi_state == TCP_SYN_SENT || info.tcpi_state == TCP_SYN_RECV ? State::connecting
+                                                                                : State::connected;
 }
 
 bool IsReadable(int descriptor) {
@@ -105,7 +111,8 @@ public:
         if (Selection* selection = Find(descriptor))
             selection->state = State::connecting;
     }
-    void Received(int descriptor, bool ended, int error) {
+    /// @param drained nothing was left when it was asked
+    void Received(int descriptor, bool drained, bool ended, int error) {
         Selection* selection = Find(descriptor);
         if (selection == nullptr)
             return;
@@ -114,7 +121,8 @@ public:
             selection->ended = true;
         if (error != 0)
             selection->error = error;
-        SetDue(*selection);
+        if (!drained || selection->ended)
+            SetDue(*selection);
     }
     void WouldBlock(int descriptor) {
         if (Selection* selection = Find(descriptor))
@@ -138,7 +146,6 @@ public:
     bool IsDue() const override { return !m_due.empty(); }
 
 private:
-    enum class State : unsigned char { unconnected, connecting, connected, listening };
     struct Selection {
         int descriptor;
         WindowHandle window;
@@ -198,11 +205,7 @@ int SocketEvents::Select(int descriptor, WindowHandle window, unsigned int messa
         SetDue(*selection);
         return 0;
     }
-    sockaddr_storage peer{};
-    socklen_t size = sizeof peer;
-    const State state = HasFlag(descriptor, SO_ACCEPTCONN)                                        ? State::listening
-                        : getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0 ? State::connected
-                                                                                                  : State::unconnected;
+    const State state = StateOf(descriptor);
     const auto index = static_cast<std::size_t>(descriptor);
     try {
         if (index >= m_selections.size())
@@ -249,7 +252,11 @@ void SocketEvents::OnReady(int descriptor, std::uint32_t events) {
             selection->ended = true;
         if ((events & EPOLLOUT) != 0 && selection->state == State::connected)
             Post(*selection, kWriteEvent, 0, selection->writeArmed);
-        Check(*selection);
+        // Without an end to be read, readable means that there are bytes.
+        if ((events & EPOLLIN) != 0 && selection->state == State::connected && !selection->ended)
+            Post(*selection, kReadEvent, 0, selection->readArmed);
+        else
+            Check(*selection);
     }
 }
 
@@ -427,8 +434,9 @@ int ReceiveFrom(SocketHandle handle, void* buffer, std::size_t size, std::size_t
         const int on = 1;
         setsockopt(descriptor, IPPROTO_TCP, TCP_QUICKACK, &on, sizeof on);
     }
+    const bool ended = broken || (error == 0 && done == 0 && size != 0);
     if (SocketEvents* events = SocketEvents::Current(false))
-        events->Received(descriptor, broken || (error == 0 && done == 0 && size != 0), broken ? error : 0);
+        events->Received(descriptor, done < size, ended, broken ? error : 0);
     return error;
 }
 
