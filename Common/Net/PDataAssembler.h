@@ -16,7 +16,8 @@
 
 namespace vdicom {
 
-/// What the assembler asks and tells. Every call may end the connection.
+/// What the assembler asks and tells. ReceiveMessage and ReportFailure may end the connection, and say so; what is
+/// asked must not.
 class PDataReceiver {
 public:
     virtual ~PDataReceiver() = default;

@@ -3,7 +3,8 @@
 ///
 /// One per connection. On each read notification the connection receives into Room(), tells Received(), asks Next(),
 /// dispatches the PDU that is done (one per notification) and calls Drop(). Bytes of later PDUs may have come along:
-/// when HasBytes() says so, the connection posts the read event to itself, since the socket has nothing to tell. The
+/// when HasBytes() says so, the connection posts the read event to itself, since the socket has nothing to tell, and a
+/// close event waits until they are done with. While a notification runs, no further PDU is taken (no nested Next). The
 /// three numbers that the connection's window shows are Held(), Expected() and Buffer().
 #pragma once
 
