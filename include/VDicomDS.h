@@ -464,6 +464,30 @@ public:
     const char* GetTransferSyntaxUID() const;
     /// @}
 
+    /// @name Conformance (PS3.3, PS3.5)
+    /// Walks the data set and reports where it breaks the standard's rules: against the dictionary, its VRs, its
+    /// character set and, where VDicomIOD has the class, against the modules of the class.
+    ///
+    /// A class's mandatory modules must be there. A conditional or optional module counts as there when one of its type
+    /// 1 elements that no other module of the class holds is there: elements that several modules share say nothing.
+    /// Where only others of its own elements are there, what is missing is a warning. Conditions (types 1C, 2C) are
+    /// judged where the data set itself tells; the others are not reported. Elements newer than the table are not
+    /// called foreign to their class.
+    ///
+    /// While it runs the tree is frozen: InsertElement and DeleteElement do nothing. The findings of one level come
+    /// before those of the items in it: first what is missing, then element by element.
+    /// @{
+    /// @param callback gets each finding; its non-zero return ends the walk
+    /// @return 0, also when the callback ended the walk; DICOM_ERROR_PARAMETER (null callback, called by its own
+    ///         callback); DICOM_ERROR_MEMORY
+    unsigned int ConformanceDS(VDicomElementCallback callback, void* userData);
+    /// The same with whole records. @param classId check against this class of VDicomIOD instead of the one that the
+    /// data set names; DICOM_UNDEFINED: that one @return as above; DICOM_ERROR_PARAMETER also: no such class
+    unsigned int ConformanceDS(VDicomFindingCallback callback, void* userData, VDicomULong classId);
+    /// The finding that the callback has been called for. @return non-zero while a callback of ConformanceDS runs
+    unsigned int GetFinding(DICOMFINDING* finding) const;
+    /// @}
+
     /// @name Names
     /// @{
     /// The name of an element: from the dictionary, today's edition, or the private creator's. Empty when unknown.

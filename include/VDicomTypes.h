@@ -243,15 +243,76 @@ struct DICOMFAULT {
     const char* pszText;  ///< one sentence for people, without offset and tag
 };
 
+/// How much a finding of VDicomDS::ConformanceDS matters.
+enum DICOMSEVERITY : unsigned short {
+    DICOM_SEVERITY_NOTE = 1,    ///< allowed, but worth knowing
+    DICOM_SEVERITY_WARNING = 2, ///< wrong, but harmless or not certain
+    DICOM_SEVERITY_ERROR = 3    ///< breaks a rule of the standard
+};
+
+/// What VDicomDS::ConformanceDS finds; GetErrorText has a sentence for each.
+enum DICOMCONFORMANCECODE : unsigned short {
+    DICOM_CHECK_MISSING_1 = 501,             ///< an element of type 1 (or 1C, its condition holds) is missing
+    DICOM_CHECK_EMPTY_1 = 502,               ///< an element of type 1 or 1C has no value
+    DICOM_CHECK_MISSING_2 = 503,             ///< an element of type 2 (or 2C, its condition holds) is missing
+    DICOM_CHECK_FORBIDDEN = 504,             ///< an element is there although its condition forbids it
+    DICOM_CHECK_ENUMERATED = 505,            ///< a value is none of the enumerated values
+    DICOM_CHECK_DEFINED_TERM = 506,          ///< a value is none of the defined terms, which is allowed
+    DICOM_CHECK_MULTIPLICITY = 507,          ///< more or fewer values than the dictionary allows
+    DICOM_CHECK_VR = 508,                    ///< another VR than the dictionary's
+    DICOM_CHECK_CHARACTER = 509,             ///< a character that the VR does not allow
+    DICOM_CHECK_VALUE_LENGTH = 510,          ///< a value longer than the VR allows, or a broken binary number
+    DICOM_CHECK_FORM = 511,                  ///< no date, time, date-time, age, number or name
+    DICOM_CHECK_UID = 512,                   ///< no UID
+    DICOM_CHECK_ODD_LENGTH = 513,            ///< an odd number of bytes
+    DICOM_CHECK_PADDING = 514,               ///< padded with another character than the VR's
+    DICOM_CHECK_EXTENDED = 515,              ///< no module of the class holds the element (standard extended class)
+    DICOM_CHECK_PRIVATE_OWNER = 516,         ///< a private element without creator, or a malformed creator
+    DICOM_CHECK_PRIVATE_BLOCK = 517,         ///< a private block whose creator is in no table
+    DICOM_CHECK_NESTING = 518,               ///< an element stands where it does not belong
+    DICOM_CHECK_FEW_ITEMS = 519,             ///< a sequence has too few items
+    DICOM_CHECK_MANY_ITEMS = 520,            ///< a sequence has too many items
+    DICOM_CHECK_CHARACTER_SET = 521,         ///< a text is not in the declared character set
+    DICOM_CHECK_UNKNOWN_CHARACTER_SET = 522, ///< (0008,0005) is no defined term
+    DICOM_CHECK_RETIRED = 523,               ///< the standard has retired the element
+    DICOM_CHECK_CLASS = 524,                 ///< no class, or one that is not in the table: modules were not checked
+    DICOM_CHECK_META = 525,                  ///< file meta information is missing or contradicts the data set
+    DICOM_CHECK_INCONSISTENT = 526,          ///< elements contradict each other
+    DICOM_CHECK_UNREADABLE = 527             ///< a value cannot be read from its stream
+};
+
+/// One finding of VDicomDS::ConformanceDS. Valid during the callback alone; no text is null.
+struct DICOMFINDING {
+    unsigned short nCode;     ///< DICOMCONFORMANCECODE
+    unsigned short nSeverity; ///< DICOMSEVERITY
+    DICOMELEMENT* pElement;   ///< the element concerned; null when it is missing
+    DICOMELEMENT* pParent;    ///< the item that holds it, or should; null: the top level
+    VDicomULong nTag;         ///< its tag
+    VDicomULong nValue;       ///< number of the value concerned, from 0 on; DICOM_UNDEFINED: the element as a whole
+    unsigned short nUsage;    ///< DICOMIODUSAGE of the element in the module; 0 where there is no module
+    const char* pszPath;      ///< the tag path: "(0040,0275)[0].(0040,0007)"
+    const char* pszName;      ///< the attribute's name; empty when it is not known
+    const char* pszModule;    ///< the module (PS3.3 C) that makes the demand; empty where none does
+    const char* pszValue;     ///< the value found, UTF-8, cut behind 64 characters; may be empty
+    const char* pszAllowed;   ///< what is allowed: values, characters, a number; may be empty
+    const char* pszSection;   ///< where the standard says so: "PS3.5 7.4.1"; may be empty
+    const char* pszText;      ///< all in one sentence for people, without the path
+};
+
 /// A clear English sentence for a result or fault code; never null. Unknown codes get a sentence that says so.
 VDICOM_API const char* GetErrorText(unsigned int code);
 
-/// Called with an element that an operation refused: it is not of this data set (code 256), or its value is an
-/// empty date or time (code 256 too). The return value is not used.
+/// SetDebugDS: called with an element that an operation refused: it is not of this data set (code 256), or its value is
+/// an empty date or time (code 256 too). The return value is not used.
+/// ConformanceDS: called with each finding, its code (DICOMCONFORMANCECODE) and the element; for a missing element with
+/// the item that should hold it, null at the top level. VDicomDS::GetFinding tells the rest. Non-zero ends the walk.
 using VDicomElementCallback = VDicomULong(VDICOM_CALLBACK*)(DICOMELEMENT* element, unsigned short code, void* userData);
 
 /// Called now and then while a data set is saved (VDicomDS::SetProgressDS). @return non-zero to go on, 0 to stop
 using VDicomProgressCallback = unsigned int(VDICOM_CALLBACK*)(VDicomUInt64 done, VDicomUInt64 total, void* userData);
+
+/// Called by VDicomDS::ConformanceDS with each finding. @return non-zero ends the walk
+using VDicomFindingCallback = VDicomULong(VDICOM_CALLBACK*)(const DICOMFINDING* finding, void* userData);
 
 /// Code passed to VDicomElementCallback.
 constexpr unsigned short DICOM_INVALID_ELEMENT = 256;

@@ -81,7 +81,8 @@ public:
     VDicomFile loadStream;
     VDicomFile inflated; ///< what a deflated stream inflated to
     std::string tempPath;
-    bool frozen = false; ///< a conformance check is running: the tree must not change
+    bool frozen = false;                   ///< a conformance check is running: the tree must not change
+    const DICOMFINDING* finding = nullptr; ///< what its callback has been called for
     VDicomULong keepPixelData = 0;
     VDicomElementCallback callback = nullptr;
     void* callbackData = nullptr;

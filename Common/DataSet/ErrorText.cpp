@@ -68,6 +68,60 @@ const char* GetErrorText(unsigned int code) {
         return "A length runs past the end of the enclosing element.";
     case DICOM_FAULT_TRUNCATED:
         return "A value is cut off by the end of the stream.";
+    case DICOM_CHECK_MISSING_1:
+        return "A mandatory element is missing.";
+    case DICOM_CHECK_EMPTY_1:
+        return "A mandatory element has no value.";
+    case DICOM_CHECK_MISSING_2:
+        return "An element that may be empty but must be there is missing.";
+    case DICOM_CHECK_FORBIDDEN:
+        return "An element is there although its condition forbids it.";
+    case DICOM_CHECK_ENUMERATED:
+        return "A value is none of the enumerated values.";
+    case DICOM_CHECK_DEFINED_TERM:
+        return "A value is none of the defined terms.";
+    case DICOM_CHECK_MULTIPLICITY:
+        return "There are more or fewer values than the attribute allows.";
+    case DICOM_CHECK_VR:
+        return "The value representation is not the attribute's.";
+    case DICOM_CHECK_CHARACTER:
+        return "A value has a character that its value representation does not allow.";
+    case DICOM_CHECK_VALUE_LENGTH:
+        return "A value is longer than its value representation allows, or cut off.";
+    case DICOM_CHECK_FORM:
+        return "A value is not formed as its value representation demands.";
+    case DICOM_CHECK_UID:
+        return "A value is no UID.";
+    case DICOM_CHECK_ODD_LENGTH:
+        return "A value has an odd number of bytes.";
+    case DICOM_CHECK_PADDING:
+        return "A value is padded with the wrong character.";
+    case DICOM_CHECK_EXTENDED:
+        return "No module of the class holds the element.";
+    case DICOM_CHECK_PRIVATE_OWNER:
+        return "A private element has no creator, or the creator is malformed.";
+    case DICOM_CHECK_PRIVATE_BLOCK:
+        return "The private creator is in no table.";
+    case DICOM_CHECK_NESTING:
+        return "An element stands where it does not belong.";
+    case DICOM_CHECK_FEW_ITEMS:
+        return "A sequence has too few items.";
+    case DICOM_CHECK_MANY_ITEMS:
+        return "A sequence has too many items.";
+    case DICOM_CHECK_CHARACTER_SET:
+        return "A text is not in the declared character set.";
+    case DICOM_CHECK_UNKNOWN_CHARACTER_SET:
+        return "The Specific Character Set is no defined term.";
+    case DICOM_CHECK_RETIRED:
+        return "The standard has retired the element.";
+    case DICOM_CHECK_CLASS:
+        return "There is no class to check the modules of.";
+    case DICOM_CHECK_META:
+        return "The file meta information is incomplete, or contradicts the data set.";
+    case DICOM_CHECK_INCONSISTENT:
+        return "Elements contradict each other.";
+    case DICOM_CHECK_UNREADABLE:
+        return "A value cannot be read from its stream.";
     default:
         return "This code is not known.";
     }

@@ -103,16 +103,25 @@ bool CurrentTag(std::size_t row, DICOMCURRENTTAG* out) {
     return true;
 }
 
-bool FindPrivateTag(const char* creator, std::size_t length, VDicomULong tag, DICOMCURRENTTAG* out) {
+namespace {
+
+std::size_t FindCreator(const char* creator, std::size_t length) {
     if (creator == nullptr)
-        return false;
+        return kNoRow;
     // A NUL at the end is padding as well: some writers use it.
     while (length != 0 && (creator[length - 1] == ' ' || creator[length - 1] == '\0'))
         --length;
     const std::string_view text(creator, length);
-    const std::size_t number = FindSlot(kPrivateCreatorSlots, TextKey(text), [text](std::size_t candidate) {
-        return text == kPrivateTexts + kPrivateCreators[candidate];
-    });
+    return FindSlot(kPrivateCreatorSlots, TextKey(text),
+                    [text](std::size_t candidate) { return text == kPrivateTexts + kPrivateCreators[candidate]; });
+}
+
+} // namespace
+
+bool IsPrivateCreator(const char* creator, std::size_t length) { return FindCreator(creator, length) != kNoRow; }
+
+bool FindPrivateTag(const char* creator, std::size_t length, VDicomULong tag, DICOMCURRENTTAG* out) {
+    const std::size_t number = FindCreator(creator, length);
     if (number == kNoRow)
         return false;
     PrivateForm form = PrivateForm::element;

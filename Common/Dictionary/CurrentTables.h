@@ -16,6 +16,8 @@ std::size_t FindCurrentKeyword(const char* keyword);
 /// Reads a row; `out` may be null. False when there is no such row.
 bool CurrentTag(std::size_t row, DICOMCURRENTTAG* out);
 
+/// Whether the table has attributes of this private creator.
+bool IsPrivateCreator(const char* creator, std::size_t length);
 /// Fills `out` (which may be null) with the private attribute; its code and mask match the tag whatever its block.
 bool FindPrivateTag(const char* creator, std::size_t length, VDicomULong tag, DICOMCURRENTTAG* out);
 

@@ -8,6 +8,7 @@ int RunDump(int count, const char* const* arguments);
 int RunConvert(int count, const char* const* arguments);
 int RunEdit(int count, const char* const* arguments);
 int RunNew(int count, const char* const* arguments);
+int RunCheck(int count, const char* const* arguments);
 int RunDict(int count, const char* const* arguments);
 
 } // namespace program

@@ -75,7 +75,7 @@ Loaded Input::Load(const std::string& path, unsigned short flags) {
         return Loaded::none;
     }
     const unsigned int result = m_ds.LoadDS(&m_stream, flags, 0);
-    if (m_ds.GetCountFault() > 0 || result != DICOM_OK)
+    if (m_saysFaults && (m_ds.GetCountFault() > 0 || result != DICOM_OK))
         SayFaults(NameOfInput(path), result);
     if (result == DICOM_OK)
         return Loaded::whole;

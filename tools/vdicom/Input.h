@@ -21,6 +21,9 @@ class Input {
 public:
     VDicomDS& DataSet() { return m_ds; }
 
+    /// What is wrong inside the files is left to the caller (VDicomDS::GetFault).
+    void LeaveFaults() { m_saysFaults = false; }
+
     /// @param path a file, or "-" for standard input @param flags load flags
     Loaded Load(const std::string& path, unsigned short flags);
 
@@ -33,6 +36,7 @@ private:
 
     VDicomFile m_stream; ///< before the data set that reads it
     VDicomDS m_ds;
+    bool m_saysFaults = true;
 };
 
 /// What a file is called in messages: "standard input" for "-".

@@ -29,10 +29,8 @@ private:
     std::string m_usage;
 };
 
-constexpr const char* kExitStatus = "Exit status:\n"
-                                    "  0  all done\n"
-                                    "  1  some input failed; the rest was done\n"
-                                    "  2  wrong usage; nothing was done";
+constexpr const char* kExitStatus = "  0  all done\n"
+                                    "  1  some input failed; the rest was done\n";
 
 } // namespace
 
@@ -42,13 +40,15 @@ struct Options::Parser {
     CLI::Option* arguments = nullptr;
 };
 
-Options::Options(const char* command, const char* usage, const char* description, const char* footer)
+Options::Options(const char* command, const char* usage, const char* description, const char* footer,
+                 const char* exitStatus)
     : m_parser(std::make_unique<Parser>()) {
     CLI::App& app = m_parser->app;
     m_parser->command = command;
     app.name(std::string("vdicom ") + command);
     app.description(description);
-    app.footer(std::string(footer) + "\n" + kExitStatus);
+    app.footer(std::string(footer) + "\nExit status:\n" + (exitStatus == nullptr ? kExitStatus : exitStatus) +
+               "  2  wrong usage; nothing was done");
     app.allow_windows_style_options(false);
     app.set_help_flag("-h,--help", "show this help and end");
     app.formatter(std::make_shared<HelpFormatter>(usage));

@@ -22,7 +22,9 @@ public:
 
     /// @param command "dump" @param usage what stands behind the program and the command in the usage line
     /// @param footer examples, shown below the options; the exit status is added
-    Options(const char* command, const char* usage, const char* description, const char* footer);
+    /// @param exitStatus lines on what 0 and 1 mean where that differs from other commands
+    Options(const char* command, const char* usage, const char* description, const char* footer,
+            const char* exitStatus = nullptr);
     ~Options();
     Options(const Options&) = delete;
     Options& operator=(const Options&) = delete;

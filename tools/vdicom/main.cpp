@@ -27,6 +27,7 @@ constexpr Command kCommands[] = {
     {"convert", "vdicom convert", "write files in another transfer syntax", RunConvert},
     {"edit", "vdicom edit", "set and delete elements", RunEdit},
     {"new", "vdicom new", "make an object of a class", RunNew},
+    {"check", "vdicom check", "tell where files break the standard's rules", RunCheck},
     {"dict", "vdicom dict", "look attributes, value representations and UIDs up", RunDict},
 };
 
@@ -52,6 +53,7 @@ int ShowHelp() {
             "  vdicom convert --to explicit image.dcm copy.dcm\n"
             "  vdicom edit image.dcm copy.dcm --set PatientName=Doe^Jane\n"
             "  vdicom new --class 'CT Image Storage' object.dcm --set PatientName=Doe^Jane\n"
+            "  vdicom check image.dcm\n"
             "  vdicom dict tag pixel\n\n"
             "Exit status:\n"
             "  0  all done\n"
