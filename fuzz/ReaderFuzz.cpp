@@ -1,5 +1,5 @@
-// Any bytes as a data set: loaded, walked, every value converted, saved in another encoding and loaded again. What is
-// written must be read as what it was.
+// Any bytes as a data set: loaded, walked, every value converted, checked for conformance, saved in another encoding
+// and loaded again. What is written must be read as what it was.
 #include "VDicomDS.h"
 
 #include <cstdint>
@@ -46,6 +46,16 @@ void Visit(VDicomDS& dataSet) {
     }
 }
 
+// Every finding must be whole; a walk must not go on for ever.
+VDicomULong VDICOM_CALLBACK Found(const DICOMFINDING* finding, void* count) {
+    const std::string all = std::string(finding->pszPath) + finding->pszName + finding->pszModule + finding->pszValue +
+                            finding->pszAllowed + finding->pszSection + finding->pszText;
+    if (all.empty() || *finding->pszPath != '(' || finding->nSeverity < DICOM_SEVERITY_NOTE ||
+        finding->nSeverity > DICOM_SEVERITY_ERROR)
+        std::abort();
+    return ++*static_cast<VDicomULong*>(count) > 1000000 ? 1 : 0;
+}
+
 std::vector<unsigned char> Save(VDicomDS& dataSet, unsigned short flags) {
     VDicomFile stream;
     stream.Open(nullptr, DICOM_FILE_MODE_MEMORY);
@@ -64,6 +74,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const unsigned int code = dataSet.LoadDSMemory(data, static_cast<VDicomULong>(size), DICOM_FLAG_OFFSETS);
     Visit(dataSet);
     dataSet.IsBadPixelData(nullptr, nullptr);
+    VDicomULong findings = 0;
+    if (dataSet.ConformanceDS(&Found, &findings, DICOM_UNDEFINED) != DICOM_OK || findings > 1000000)
+        std::abort();
+    // Of a class with every kind of module, whatever the bytes say.
+    dataSet.ConformanceDS(&Found, &findings, static_cast<VDicomULong>(size % 112));
     if (code != DICOM_OK || dataSet.GetCountFault() != 0)
         return 0;
     // A sound data set comes back equal from the encoding that it has.

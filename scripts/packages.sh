@@ -21,6 +21,7 @@ packages_tests=(
     python3          # the layering test
     dcmtk            # peers: dcmdump, dcmconv, dcm2json
     libgdcm-tools    # peers: gdcmdump, gdcmscanner, gdcmconv
+    dicom3tools      # peer: dciodvfy
     doxygen          # API reference without warnings
     clang-format     # formatting test
 )

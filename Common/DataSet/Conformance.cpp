@@ -147,7 +147,14 @@ void ConformanceWalk::FindClass(const DICOMIOD* forced) {
         found.severity = DICOM_SEVERITY_ERROR;
         text = "no SOP Class UID: modules are not checked";
     } else if (VDicomUID::FindCurrent(uid.c_str(), &current) != 0) {
-        text = std::string("modules of the class ") + current.pszName + " are not in the table and not checked";
+        text = std::string("the class ") + current.pszName + " is newer than the table: its modules are not checked";
+        // What is stored of a patient has the modules of the patient, the study and the instance all the same.
+        const bool stored = uid.rfind("1.2.840.10008.5.1.4.1.1.", 0) == 0 &&
+                            m_state.tree.FindChild(nullptr, VDicomTagCode(0x0020, 0x000D)) != nullptr;
+        if (const DICOMIOD* any = VDicomIOD::FindClass(0); stored && any != nullptr) {
+            m_rules.emplace(any, true);
+            text += " but for those that every class has";
+        }
     } else {
         found.severity = DICOM_SEVERITY_WARNING;
         text = "the SOP class " + Shortened(uid) + " is not the standard's: modules are not checked";
@@ -229,9 +236,9 @@ void ConformanceWalk::Open(DICOMELEMENT* sequence) {
 
 void ConformanceWalk::JudgeModules(const ConformanceLevel& level) {
     struct Evidence {
-        bool hasOne = false; ///< the module has own elements of type 1
-        bool one = false;    ///< one of them is there
-        bool other = false;  ///< one of the other types that must be there is there
+        unsigned int ones = 0;  ///< own elements of type 1
+        unsigned int there = 0; ///< how many of them are there
+        bool other = false;     ///< one of the types 1C, 2 and 2C is there
     };
     std::vector<ModuleState>& modules = m_rules->Modules();
     const auto isOpen = [&](const ElementRule& rule) {
@@ -248,9 +255,13 @@ void ConformanceWalk::JudgeModules(const ConformanceLevel& level) {
             continue;
         Evidence& about = evidence[rule.module];
         const unsigned short usage = rule.node->nUsage;
-        about.hasOne = about.hasOne || usage == DICOM_ELEMENT_1;
-        if (m_found[i] != nullptr)
-            (usage == DICOM_ELEMENT_1 ? about.one : about.other) |= usage != DICOM_ELEMENT_3;
+        const bool isThere = m_found[i] != nullptr;
+        if (usage == DICOM_ELEMENT_1) {
+            ++about.ones;
+            about.there += isThere ? 1U : 0U;
+        } else if (usage != DICOM_ELEMENT_3) {
+            about.other = about.other || isThere;
+        }
     }
     for (std::size_t i = 0; i < modules.size(); ++i) {
         ModuleState& module = modules[i];
@@ -258,10 +269,10 @@ void ConformanceWalk::JudgeModules(const ConformanceLevel& level) {
             continue;
         if (level.sequence == kDirectoryRecords)
             module.binding = IsModuleOfRecord(*this, module.node->pszName) ? Binding::certain : Binding::none;
-        else if (evidence[i].one || (evidence[i].other && !evidence[i].hasOne))
+        else if (2 * evidence[i].there > evidence[i].ones || (evidence[i].other && evidence[i].ones == 0))
             module.binding = Binding::certain;
         else
-            module.binding = evidence[i].other ? Binding::probable : Binding::none;
+            module.binding = evidence[i].there > 0 || evidence[i].other ? Binding::probable : Binding::none;
     }
 }
 
@@ -316,13 +327,14 @@ void ConformanceWalk::CheckRepeatingGroups(const ConformanceLevel& level) {
     for (const VDicomULong group : m_groups) {
         const VDicomULong repeating = group & 0xFF000000;
         for (const ElementRule& rule : level.rules->Rules()) {
-            if ((rule.tag & 0xFFFF0000) != repeating || m_rules->BindingOf(rule) != Binding::certain || m_stopped)
+            const Binding binding = m_rules->BindingOf(rule);
+            if ((rule.tag & 0xFFFF0000) != repeating || binding == Binding::none || m_stopped)
                 continue;
             const VDicomULong tag = group | (rule.tag & 0xFFFF);
             const DICOMELEMENT* const e = Find(tag);
             const unsigned short usage = rule.node->nUsage;
             if (e == nullptr && (usage == DICOM_ELEMENT_1 || usage == DICOM_ELEMENT_2))
-                ReportMissing(rule, tag, usage == DICOM_ELEMENT_2, Binding::certain);
+                ReportMissing(rule, tag, usage == DICOM_ELEMENT_2, binding);
         }
     }
 }
@@ -338,6 +350,11 @@ void ConformanceWalk::ReportMissing(const ElementRule& rule, VDicomULong tag, bo
         text += ", which seems to be meant";
     Report({mayBeEmpty ? DICOM_CHECK_MISSING_2 : DICOM_CHECK_MISSING_1,
             binding == Binding::certain ? DICOM_SEVERITY_ERROR : DICOM_SEVERITY_WARNING, nullptr, tag, text, &rule});
+}
+
+bool ConformanceWalk::HoldsModule(VDicomULong module) const {
+    const DICOMIOD* const node = VDicomIOD::FindModule(m_rules->Node()->nCode, module);
+    return node != nullptr && node->nUsage == DICOM_MODULE_MANDATORY;
 }
 
 // ---------------------------------------------------------------- reports and values

@@ -58,6 +58,8 @@ public:
     /// The first integer of US, SS, UL, SL or IS.
     std::optional<std::int64_t> NumberOf(VDicomULong tag) { return NumberOf(Find(tag), 0); }
     std::optional<std::int64_t> NumberOf(const DICOMELEMENT* e, VDicomULong index);
+    /// Whether the class has this mandatory module.
+    bool HoldsModule(VDicomULong module) const;
     void Report(const Found& found);
     /// The name of an attribute; empty when it is not known.
     static std::string_view NameOf(VDicomULong tag);
@@ -97,6 +99,7 @@ private:
     VDicomFindingCallback m_callback;
     void* m_userData;
     bool m_stopped = false;
+    bool m_malformed = false; ///< a value of the element being checked is
     std::optional<ClassRules> m_rules;
     std::vector<ConformanceLevel> m_levels;
     std::vector<DICOMELEMENT*> m_found; ///< by rule of the level being entered

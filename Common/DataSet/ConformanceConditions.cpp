@@ -8,7 +8,7 @@ namespace vdicom {
 
 namespace {
 
-constexpr VDicomULong kValueType = 0x0040A040, kByReference = 0x0040DB73, kSamples = 0x00280002,
+constexpr VDicomULong kSOPClass = 0x00080016, kValueType = 0x0040A040, kByReference = 0x0040DB73, kSamples = 0x00280002,
                       kPhotometric = 0x00280004, kFrames = 0x00280008, kFrameIncrement = 0x00280009, kRows = 0x00280010,
                       kColumns = 0x00280011, kBitsAllocated = 0x00280100, kBitsStored = 0x00280101,
                       kHighBit = 0x00280102, kImageType = 0x00080008, kSOPInstance = 0x00080018,
@@ -54,6 +54,11 @@ constexpr std::string_view kFileRecords =
     "IMAGE\\OVERLAY\\CURVE\\MODALITY LUT\\VOI LUT\\PRESENTATION\\WAVEFORM\\SR DOCUMENT\\KEY OBJECT DOC\\SPECTROSCOPY\\"
     "RAW DATA\\REGISTRATION\\FIDUCIAL\\ENCAP DOC\\VALUE MAP\\STEREOMETRIC\\PLAN\\SURFACE\\TRACT\\ASSESSMENT\\RT DOSE\\"
     "RT STRUCTURE SET\\RT PLAN\\RT TREAT RECORD\\STORED PRINT";
+
+// CT, MR, Enhanced CT, Enhanced MR and MR Spectroscopy.
+constexpr std::string_view kPositioned =
+    "1.2.840.10008.5.1.4.1.1.2\\1.2.840.10008.5.1.4.1.1.4\\1.2.840.10008.5.1.4.1.1.2.1\\1.2.840.10008.5.1.4.1.1.4.1\\"
+    "1.2.840.10008.5.1.4.1.1.4.2";
 
 Need Demanded(bool holds, Need need) { return holds ? need : Need::nothing; }
 
@@ -103,6 +108,10 @@ Need JudgeCondition(ConformanceWalk& walk, VDicomULong tag, Need need) {
         return Demanded(top && walk.Find(0x7FE00008) == nullptr && walk.Find(0x7FE00009) == nullptr &&
                             walk.Find(0x00287FE0) == nullptr,
                         need);
+    case 0x00185100: // Patient Position of CT and MR images, unless a code says it
+        return Demanded(top && IsOneOf(walk.TextOf(kSOPClass), kPositioned) && walk.Find(0x00540410) == nullptr, need);
+    case 0x300C0060: // Referenced Structure Set of a plan for a patient
+        return Demanded(walk.TextOf(0x300A000C) == "PATIENT", need);
     case 0x00200020: // Patient Orientation where the class knows no orientation in space
         return Demanded(top && !walk.Rules()->HasAnywhere(0x00200037), need);
     case 0x00041500: // Referenced File ID and what goes with it
@@ -131,6 +140,11 @@ Need JudgeNeed(ConformanceWalk& walk, const ElementRule& rule) {
         if (governed != std::end(kContentElements))
             return Demanded(IsOneOf(walk.TextOf(kValueType), governed->valueTypes), need);
     }
+    // What says so itself overrides the type of a more general module (C.8.6.1): Modality in SC Equipment.
+    constexpr VDicomULong kModality = 0x00080060;
+    constexpr VDicomULong kSCEquipment = 39;
+    if (rule.tag == kModality && walk.HoldsModule(kSCEquipment))
+        return Need::nothing;
     const bool conditional = usage == DICOM_ELEMENT_1C || usage == DICOM_ELEMENT_2C;
     return conditional ? JudgeCondition(walk, rule.tag, need) : need;
 }
@@ -164,6 +178,14 @@ void CheckMeta(ConformanceWalk& walk) {
                                  (e == nullptr ? " is missing" : " has no value") +
                                  ": type 1 in the file meta information";
         walk.Report({DICOM_CHECK_META, DICOM_SEVERITY_ERROR, e, tag, text});
+    }
+    constexpr VDicomULong version = 0x00020001;
+    unsigned char bytes[2] = {0, 1};
+    if (const DICOMELEMENT* e = tree.FindChild(nullptr, version); e != nullptr && e->nLength != 0) {
+        const bool read = e->nLength == 2 && PieceList(e).ReadStored(0, bytes, sizeof bytes);
+        if (!read || bytes[0] != 0 || bytes[1] != 1)
+            walk.Report(
+                {DICOM_CHECK_META, DICOM_SEVERITY_WARNING, e, version, "File Meta Information Version is not 00H 01H"});
     }
     constexpr VDicomULong twins[][2] = {{0x00020002, 0x00080016}, {0x00020003, 0x00080018}};
     // A directory has neither SOP Class UID nor SOP Instance UID of its own.
@@ -259,7 +281,7 @@ void CheckImageType(ConformanceWalk& walk) {
         wrong(0, first, "ORIGINAL, DERIVED");
     if (!second.empty() && !IsOneOf(second, "PRIMARY\\SECONDARY"))
         wrong(1, second, "PRIMARY, SECONDARY");
-    const std::string_view uid = walk.TextOf(0x00080016);
+    const std::string_view uid = walk.TextOf(kSOPClass);
     const bool three = uid == "1.2.840.10008.5.1.4.1.1.2" || uid == "1.2.840.10008.5.1.4.1.1.4";
     const auto count = static_cast<std::size_t>(std::count(type.begin(), type.end(), '\\')) + 1;
     if (count < (three ? 3u : 2u)) {
@@ -291,10 +313,10 @@ void CheckFrameItems(ConformanceWalk& walk) {
     const DICOMELEMENT* const groups = walk.Find(kPerFrame);
     const std::optional<std::int64_t> frames = walk.NumberOf(kFrames);
     const VDicomULong items = groups == nullptr ? 0 : walk.State().tree.CountChildren(groups);
-    if (groups != nullptr && frames && *frames != std::int64_t{items})
+    if (groups != nullptr && frames.value_or(-1) != std::int64_t{items})
         Contradiction(walk, groups,
-                      "there are functional groups of " + std::to_string(items) + " frames, but Number of Frames is " +
-                          std::to_string(*frames),
+                      "there are functional groups of " + std::to_string(items) + " frames, but " +
+                          (frames ? "Number of Frames is " + std::to_string(*frames) : "no Number of Frames"),
                       DICOM_SEVERITY_ERROR);
 }
 

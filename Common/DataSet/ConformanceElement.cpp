@@ -141,11 +141,13 @@ void ConformanceWalk::CheckElement(DICOMELEMENT* e) {
     const VRTraits* traits = FindVRTraits(e->nVR);
     if (traits == nullptr || e->nVR == vr::UN)
         return;
+    m_malformed = false;
     const std::size_t count = traits->text ? CheckText(e, *traits) : CheckBinary(e);
     if (count == 0 || m_stopped || isLength)
         return;
     CheckMultiplicity(e, count, row, current);
-    CheckTerms(e, count);
+    if (!m_malformed) // which says enough
+        CheckTerms(e, count);
 }
 
 // ---------------------------------------------------------------- place
@@ -168,8 +170,8 @@ void ConformanceWalk::CheckPlace(const DICOMELEMENT* e) {
         return Report({DICOM_CHECK_RETIRED, DICOM_SEVERITY_NOTE, e, e->nTag, "group lengths have been retired"});
     // Of what is newer than the tables nobody knows here which modules hold it. Signatures, character sets and padding
     // may stand everywhere; records of directories take any key.
-    if (level.rules == nullptr || IsPrivate(e->nTag) || group == 2 || level.rules->Has(e->nTag) ||
-        VDicomTag::Find(e->nTag) == nullptr)
+    if (level.rules == nullptr || m_rules->IsPartial() || IsPrivate(e->nTag) || group == 2 ||
+        level.rules->Has(e->nTag) || VDicomTag::Find(e->nTag) == nullptr)
         return;
     if (group == 0xFFFA || group == 0x4FFE || group == 0x0400 || e->nTag == kTrailingPadding ||
         e->nTag == kSpecificCharacterSet || level.sequence == kDirectoryRecords)
@@ -330,9 +332,8 @@ std::size_t ConformanceWalk::CheckText(const DICOMELEMENT* e, const VRTraits& tr
     const ValueForm form = FindValueForm(e->nVR);
     ValueSplitter splitter(text, FindSplitRule(m_state, e, form, text));
     std::size_t count = 0;
-    bool reported = false;
     for (std::string_view value; splitter.Next(value); ++count) {
-        if (reported)
+        if (m_malformed)
             continue; // the first bad one stands for all
         // UIDs of a blank-padded element: the padding has been said.
         if (e->nVR == vr::UI)
@@ -345,7 +346,7 @@ std::size_t ConformanceWalk::CheckText(const DICOMELEMENT* e, const VRTraits& tr
         const ValueVerdict verdict = CheckTextValue(e->nVR, value, characters);
         if (verdict.fault != ValueFault::none) {
             ReportValue(CodeOf(verdict.fault), e, value, verdict.reason, static_cast<VDicomULong>(count));
-            reported = true;
+            m_malformed = true;
         }
     }
     return m_stopped ? 0 : count;
@@ -482,7 +483,8 @@ void ConformanceWalk::CheckTerm(const DICOMELEMENT* e, LevelRules::Range range, 
             Report({DICOM_CHECK_ENUMERATED, DICOM_SEVERITY_ERROR, e, e->nTag, text, &rule, value, allowed, number});
             return;
         }
-        if (!facts.defined.empty() && undefined == nullptr && !holds(facts.defined))
+        // Free texts of other VRs often have recommended values alone.
+        if (!facts.defined.empty() && e->nVR == vr::CS && undefined == nullptr && !holds(facts.defined))
             undefined = &rule;
     }
     if (undefined == nullptr)

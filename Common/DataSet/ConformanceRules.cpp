@@ -1,6 +1,7 @@
 #include "ConformanceRules.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vdicom {
 
@@ -67,11 +68,14 @@ LevelRules::Range LevelRules::Find(VDicomULong tag) const {
     return {static_cast<std::size_t>(first - m_rules.begin()), static_cast<std::size_t>(last - m_rules.begin())};
 }
 
-ClassRules::ClassRules(const DICOMIOD* node) : m_node(node) {
+ClassRules::ClassRules(const DICOMIOD* node, bool partial) : m_node(node), m_partial(partial) {
+    constexpr VDicomULong common[] = {0, 1, 14}; // Patient, General Study, SOP Common
     m_levels.push_back(std::make_unique<LevelRules>());
     m_top = m_levels.back().get();
     for (const DICOMIOD* child = ChildOf(node); child != nullptr; child = NextOf(child)) {
-        if (child->nType != DICOM_IOD_MODULE)
+        const bool wanted =
+            !partial || std::find(std::begin(common), std::end(common), child->nCode) != std::end(common);
+        if (child->nType != DICOM_IOD_MODULE || !wanted)
             continue;
         m_modules.push_back({child, child->nUsage == DICOM_MODULE_MANDATORY ? Binding::certain : Binding::none, false});
         AddChildren(*m_top, child, static_cast<unsigned int>(m_modules.size() - 1), Binding::certain);

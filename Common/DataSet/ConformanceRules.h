@@ -78,7 +78,9 @@ private:
 class ClassRules {
 public:
     /// @param node the class
-    explicit ClassRules(const DICOMIOD* node);
+    /// @param partial only the modules that objects of every class about a patient have: the class is newer than the
+    ///        table, and `node` any that has them
+    explicit ClassRules(const DICOMIOD* node, bool partial = false);
     ~ClassRules();
     ClassRules(const ClassRules&) = delete;
     ClassRules& operator=(const ClassRules&) = delete;
@@ -87,6 +89,7 @@ public:
     static const DICOMIOD* FindClassNode(std::string_view uid);
 
     const DICOMIOD* Node() const { return m_node; }
+    bool IsPartial() const { return m_partial; }
     LevelRules& Top() { return *m_top; }
     std::vector<ModuleState>& Modules() { return m_modules; }
     const ModuleState& ModuleOf(const ElementRule& rule) const { return m_modules[rule.module]; }
@@ -109,6 +112,7 @@ private:
     void IndexTags();
 
     const DICOMIOD* m_node;
+    bool m_partial;
     std::vector<ModuleState> m_modules;
     std::vector<std::unique_ptr<LevelRules>> m_levels;
     LevelRules* m_top;

@@ -7,7 +7,7 @@ import sys
 
 from support import contains, equal, image, main, run
 
-COMMANDS = ("dump", "convert", "edit", "new", "dict")
+COMMANDS = ("dump", "convert", "edit", "check", "new", "dict")
 SOURCE = os.environ["VDICOM_SOURCE"]
 
 
@@ -18,7 +18,7 @@ def test_help_and_version(_):
         result = run(command, "--help")
         equal(run("help", command).out, result.out)
         equal(run(command, "-h").out, result.out)
-        for part in (f"Usage: vdicom {command}", "Examples:\n  vdicom " + command, "Exit status:\n  0  all done"):
+        for part in (f"Usage: vdicom {command}", "Examples:\n  vdicom " + command, "Exit status:\n  0  "):
             contains(result.out, part)
         assert max(map(len, result.lines)) <= 120, max(result.lines, key=len)
         equal(result.err, "")

@@ -3,7 +3,7 @@ _vdicom() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new dict help --help --version' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new check dict help --help --version' -- "$current")
         return
     fi
     local options='' choices=''
@@ -13,9 +13,10 @@ _vdicom() {
         ;;
     convert) options='--to --bare --output --recursive --help' ;;
     edit) options='--set --delete --in-place --help' ;;
+    check) options='--json --severity --class --recursive --help' ;;
     new) options='--class --set --no-optional --json --help' ;;
     dict) options='--json --help' ;;
-    help) choices='dump convert edit new dict' ;;
+    help) choices='dump convert edit new check dict' ;;
     esac
     case $command:$previous in
     dump:--color) choices='auto always never' ;;
@@ -23,6 +24,8 @@ _vdicom() {
         choices='PatientName PatientID PatientBirthDate PatientSex StudyInstanceUID SeriesInstanceUID SOPInstanceUID
             SOPClassUID StudyDate StudyDescription SeriesDescription Modality AccessionNumber InstitutionName'
         ;;
+    check:--severity | check:-s) choices='error warning note' ;;
+    check:--class | check:-c) return ;;
     dump:--depth | dump:-d | dump:--bulk-limit) return ;;
     new:--class | new:-c) return ;;
     convert:--to | convert:-t) choices='implicit explicit big deflated' ;;
