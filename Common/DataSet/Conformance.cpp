@@ -103,9 +103,12 @@ std::string Shortened(std::string_view utf8) {
 
 // ---------------------------------------------------------------- the walk
 
-void ConformanceWalk::Run(const DICOMIOD* forced) {
+void ConformanceWalk::Run(const DICOMIOD* definition) {
     m_levels.emplace_back(); // for reports before the walk
-    FindClass(forced);
+    if (definition != nullptr)
+        m_rules.emplace(definition);
+    else
+        TellClass();
     if (!m_stopped)
         CheckMeta(*this);
     m_levels.clear();
@@ -127,19 +130,12 @@ void ConformanceWalk::Run(const DICOMIOD* forced) {
     }
 }
 
-void ConformanceWalk::FindClass(const DICOMIOD* forced) {
-    if (forced != nullptr) {
-        m_rules.emplace(forced);
-        return;
-    }
+// The class is not in the table: why, and what can be checked all the same.
+void ConformanceWalk::TellClass() {
     std::string uid(TextOf(m_state.tree.FindChild(nullptr, kMediaStorageClass)));
     const DICOMELEMENT* const element = m_state.tree.FindChild(nullptr, kSOPClass);
     if (uid.empty())
         uid = TextOf(element);
-    if (const DICOMIOD* node = ClassRules::FindClassNode(uid); node != nullptr) {
-        m_rules.emplace(node);
-        return;
-    }
     Found found{DICOM_CHECK_CLASS, DICOM_SEVERITY_NOTE, element, kSOPClass, ""};
     std::string text;
     DICOMCURRENTUID current;

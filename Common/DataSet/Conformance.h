@@ -43,8 +43,8 @@ public:
     ConformanceWalk(DataSetState& state, VDicomFindingCallback callback, void* userData)
         : m_state(state), m_callback(callback), m_userData(userData) {}
 
-    /// @param forced the class to check against; null: the data set's own. Throws std::bad_alloc.
-    void Run(const DICOMIOD* forced);
+    /// @param definition the class to check against; null: the table has it not. Throws std::bad_alloc.
+    void Run(const DICOMIOD* definition);
 
     /// @name For the conditions
     /// @{
@@ -66,7 +66,7 @@ public:
     /// @}
 
 private:
-    void FindClass(const DICOMIOD* forced);
+    void TellClass();
     void Enter(const ConformanceLevel& level);
     void Leave();
     void Open(DICOMELEMENT* sequence);

@@ -85,19 +85,6 @@ ClassRules::ClassRules(const DICOMIOD* node, bool partial) : m_node(node), m_par
 
 ClassRules::~ClassRules() = default;
 
-const DICOMIOD* ClassRules::FindClassNode(std::string_view uid) {
-    if (uid.empty())
-        return nullptr;
-    for (const DICOMIOD* node = VDicomIOD::GetFirst(nullptr, 1); node != nullptr; node = NextOf(node)) {
-        std::string_view rest = node->pszDescription;
-        while (!rest.empty()) {
-            if (NextPart(rest, "\\") == uid)
-                return node;
-        }
-    }
-    return nullptr;
-}
-
 void ClassRules::AddChildren(LevelRules& level, const DICOMIOD* parent, unsigned int module, Binding limit) {
     for (const DICOMIOD* child = ChildOf(parent); child != nullptr; child = NextOf(child)) {
         if (child->nType == DICOM_IOD_ELEMENT) {

@@ -85,9 +85,6 @@ public:
     ClassRules(const ClassRules&) = delete;
     ClassRules& operator=(const ClassRules&) = delete;
 
-    /// The class in VDicomIOD whose UID list has this UID, or null.
-    static const DICOMIOD* FindClassNode(std::string_view uid);
-
     const DICOMIOD* Node() const { return m_node; }
     bool IsPartial() const { return m_partial; }
     LevelRules& Top() { return *m_top; }

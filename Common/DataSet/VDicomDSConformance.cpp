@@ -31,12 +31,15 @@ unsigned int VDicomDS::ConformanceDS(VDicomFindingCallback callback, void* userD
     DataSetState& state = *m_pState;
     if (callback == nullptr || state.frozen)
         return DICOM_ERROR_PARAMETER;
-    const DICOMIOD* forced = nullptr;
-    if (classId != DICOM_UNDEFINED && (forced = VDicomIOD::FindClass(classId)) == nullptr)
+    VDicomULong own = classId;
+    if (classId == DICOM_UNDEFINED)
+        GetClass(&own, nullptr);
+    const DICOMIOD* const definition = VDicomIOD::FindClass(own);
+    if (classId != DICOM_UNDEFINED && definition == nullptr)
         return DICOM_ERROR_PARAMETER;
     state.frozen = true;
     const unsigned int result = Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
-        ConformanceWalk(state, callback, userData).Run(forced);
+        ConformanceWalk(state, callback, userData).Run(definition);
         return DICOM_OK;
     });
     state.frozen = false;

@@ -86,7 +86,7 @@ EXPLAINED = [
     ("they", r"^defined term (CodingSchemeDesignator|RescaleType|ImageType)", "terms that may be extended, of VRs and "
      "values for which our facts have none"),
     ("they", r"^VR \(", "the VR of a private element is the vendor's; the explicit header decides"),
-    ("they", r"^value \(0019,1060\)", "UT with multi-byte characters: they are in the declared character set"),
+    ("they", r"^value \(0019,1060\)", "a TAB in UT, which PS3.5 6.2 allows"),
     ("they", r"^reading \((0019|1455|4453|7001),", "a private element that it does not know; the explicit header decides"),
     ("they", r"^reading group length", "group lengths outside group 0002 are retired and left unread"),
     ("they", r"^(reading|missing|extended|private owner|class|meta) .* (SC_rgb_jpeg|image_dfl|zipMR|README|rtplan\.dump|.*\.gz)",

@@ -1,10 +1,10 @@
 /// @file CheckCommand.cpp
 /// vdicom check: tells where data sets break the rules of the standard.
 
+#include "ClassChoice.h"
 #include "Commands.h"
 #include "Input.h"
 #include "Message.h"
-#include "Needle.h"
 #include "Options.h"
 #include "Output.h"
 #include "Progress.h"
@@ -314,40 +314,6 @@ private:
     bool m_failed = false;
 };
 
-bool HasUid(const DICOMIOD* node, std::string_view uid) {
-    std::string_view rest = node->pszDescription;
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find('\\'), rest.size());
-        if (rest.substr(0, end) == uid)
-            return true;
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
-    return false;
-}
-
-/// The class that a text names. @return what is wrong with it; empty: found
-std::string FindClass(const std::string& text, VDicomULong& classId) {
-    const Needle needle(text);
-    std::string matches;
-    std::size_t count = 0;
-    for (DICOMIOD* node = VDicomIOD::GetFirst(nullptr, 1); node != nullptr; node = VDicomIOD::GetNext(node, 1)) {
-        if (needle.Is(node->pszName) || HasUid(node, text) || text == std::to_string(node->nCode)) {
-            classId = node->nCode;
-            return {};
-        }
-        if (!needle.In({node->pszName}))
-            continue;
-        classId = node->nCode;
-        if (++count <= 5)
-            matches += (matches.empty() ? "" : ", ") + std::string(node->pszName);
-    }
-    if (count == 1)
-        return {};
-    return count == 0
-               ? "no class has this number, UID or name"
-               : fmt::format("{} classes have this in their names: {}{}", count, matches, count > 5 ? " ..." : "");
-}
-
 } // namespace
 
 int RunCheck(int count, const char* const* arguments) {
@@ -365,8 +331,11 @@ int RunCheck(int count, const char* const* arguments) {
         return *status;
     VDicomULong classId = DICOM_UNDEFINED;
     if (options.Given("--class")) {
-        if (const std::string wrong = FindClass(given.className, classId); !wrong.empty())
-            return options.Wrong(fmt::format("--class {}: {}", given.className, wrong));
+        int status = kDone;
+        const DICOMIOD* definition = ChooseClass(given.className, options, status);
+        if (definition == nullptr)
+            return status;
+        classId = definition->nCode;
     }
     return Check(given, classId).Run();
 }

@@ -1,6 +1,7 @@
 /// @file NewCommand.cpp
 /// vdicom new: makes an object of a class.
 
+#include "ClassChoice.h"
 #include "Commands.h"
 #include "DictTrees.h"
 #include "Input.h"
@@ -37,38 +38,6 @@ constexpr const char* kFooter =
     "  vdicom new --class 1.2.840.10008.5.1.4.1.1.7 --no-optional object.dcm\n"
     "  vdicom new --class SecondaryCaptureImageStorage --set PixelData=@pixels.raw object.dcm\n"
     "  vdicom new --class 'Study Root Query/Retrieve - Study Level' --set PatientID=4711 query.dcm\n";
-
-constexpr std::size_t kMostNamed = 12;
-
-/// The one class that the text means. @return null: it has been said why there is none
-DICOMIOD* ChooseClass(const std::string& text, const Options& options, int& status) {
-    std::vector<DICOMIOD*> found = text.empty() ? std::vector<DICOMIOD*>() : FindClasses(text);
-    if (found.size() > 1) {
-        // Of names that hold the text those that begin with it are meant.
-        std::vector<DICOMIOD*> first;
-        std::copy_if(found.begin(), found.end(), std::back_inserter(first), [&](const DICOMIOD* node) {
-            return Lower(std::string_view(node->pszName).substr(0, text.size())) == Lower(text);
-        });
-        if (!first.empty())
-            found = std::move(first);
-    }
-    if (found.size() == 1)
-        return found.front();
-    if (found.empty()) {
-        DICOMCURRENTUID today{};
-        status = options.Wrong(VDicomUID::FindCurrent(text.c_str(), &today) != 0
-                                   ? fmt::format("the table of classes does not hold {}", today.pszName)
-                                   : fmt::format("no class is known as '{}'; 'vdicom dict iod TEXT' finds them", text));
-        return nullptr;
-    }
-    status = kWrongUsage;
-    Say(fmt::format("'{}' may mean {} classes:", text, found.size()));
-    for (std::size_t i = 0; i < found.size() && i < kMostNamed; ++i)
-        SayPlain(fmt::format("  {}", std::string_view(found[i]->pszName)));
-    if (found.size() > kMostNamed)
-        SayPlain(fmt::format("  and {} more", found.size() - kMostNamed));
-    return nullptr;
-}
 
 void WriteReport(const std::string& path, const DICOMIOD* definition, VDicomDS& ds,
                  const std::vector<MissingValue>& missing, Output& out) {
