@@ -73,8 +73,8 @@ ClassRules::ClassRules(const DICOMIOD* node, bool partial) : m_node(node), m_par
     m_levels.push_back(std::make_unique<LevelRules>());
     m_top = m_levels.back().get();
     for (const DICOMIOD* child = ChildOf(node); child != nullptr; child = NextOf(child)) {
-        const bool wanted =
-            !partial || std::find(std::begin(common), std::end(common), child->nCode) != std::end(common);
+        const VDicomULong code = child->nCode;
+        const bool wanted = !partial || std::find(std::begin(common), std::end(common), code) != std::end(common);
         if (child->nType != DICOM_IOD_MODULE || !wanted)
             continue;
         m_modules.push_back({child, child->nUsage == DICOM_MODULE_MANDATORY ? Binding::certain : Binding::none, false});
@@ -135,9 +135,10 @@ LevelRules* ClassRules::Below(LevelRules& level, VDicomULong sequence) {
 }
 
 const ElementFacts& ClassRules::FactsOf(const DICOMIOD* element) {
-    const auto [place, isNew] = m_facts.try_emplace(element->pszDescription);
+    const char* const description = element->pszDescription; // the record is packed: no references into it
+    const auto [place, isNew] = m_facts.try_emplace(description);
     if (isNew)
-        place->second = ParseFacts(element->pszDescription);
+        place->second = ParseFacts(description);
     return place->second;
 }
 
