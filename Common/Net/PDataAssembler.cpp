@@ -1,5 +1,6 @@
 #include "PDataAssembler.h"
 
+#include "DataSetState.h"
 #include "Guarded.h"
 #include "Inflater.h"
 #include "MessageSyntax.h"
@@ -23,6 +24,8 @@ bool SetText(VDicomDS& dataSet, VDicomULong tag, const char* text) {
 }
 
 } // namespace
+
+void ReceivedDataSet::SetTransferSyntaxUID(const char* uid) { m_pState->transferSyntax = uid; }
 
 PDataAssembler::PDataAssembler(const char* tempPath)
     : m_tempPath(tempPath == nullptr ? "" : tempPath), m_command(tempPath), m_data(tempPath) {}
@@ -159,6 +162,8 @@ unsigned int PDataAssembler::Load(const char* transferSyntax, const char* abstra
         if (code == DICOM_OK &&
             (!SetText(m_data, kTransferSyntaxUID, transferSyntax) || !SetText(m_data, kMediaClass, abstractSyntax)))
             code = DICOM_ERROR_WRITE;
+        if (code == DICOM_OK && syntax.encapsulated)
+            m_data.SetTransferSyntaxUID(transferSyntax);
         return code;
     });
 }

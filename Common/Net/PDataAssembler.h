@@ -46,6 +46,13 @@ struct PDataLimits {
     VDicomUInt64 inflated = VDicomUInt64{16} << 30;
 };
 
+/// A received data set, which is told the encapsulated transfer syntax that its bytes do not name.
+class ReceivedDataSet : public VDicomDS {
+public:
+    using VDicomDS::VDicomDS;
+    void SetTransferSyntaxUID(const char* uid);
+};
+
 class PDataAssembler {
 public:
     /// @param tempPath folder for temporary files; null or empty: the platform's
@@ -93,7 +100,7 @@ private:
     VDicomFile* m_target = nullptr; ///< the receiver's own stream for the data set
     VDicomFile m_inflated;
     VDicomDS m_command;
-    VDicomDS m_data;
+    ReceivedDataSet m_data;
     bool m_broken = false; ///< a value ran past its PDU
 };
 

@@ -402,6 +402,21 @@ TEST(PData, PixelsThatTheSyntaxDoesNotHoldAreRefused) {
     EXPECT_EQ(out.Encode(nullptr, {}), 9u);
     EXPECT_EQ(out.Encode(&plain, {1, false, kExplicit, 7, nullptr}), 9u);
 
+    // What arrives is as compressed as it was, also when it is saved.
+    Receiver receiver;
+    receiver.syntax = kJpegLossless;
+    receiver.onData = [](VDicomDS& data) {
+        EXPECT_STREQ(data.GetTransferSyntaxUID(), kJpegLossless);
+        VDicomDS saved;
+        EXPECT_EQ(Load(saved, Save(data, DICOM_FLAG_PART10)), 0u);
+        EXPECT_STREQ(saved.GetTransferSyntaxUID(), kJpegLossless);
+        EXPECT_EQ(Describe(saved, 0x00080000), Describe(data, 0x00080000));
+    };
+    PDataAssembler assembler(nullptr);
+    Feed(assembler, receiver,
+         CommandPdus(Command::cStoreRequest, true) + Encoded(compressed, {5, false, kJpegLossless, 0, nullptr}));
+    EXPECT_EQ(receiver.log.substr(0, 5 + sizeof kStore), std::string("5: ") + kStore + " | ");
+
     EXPECT_EQ(TransferFlags(true, kBig), 0x16);
     const std::pair<const char*, unsigned short> flags[] = {{kImplicit, 0x16},
                                                             {"1.2.840.10008.1.20", 0x16},
