@@ -226,7 +226,7 @@ public:
     ///         together, a field that is too long, fewer than 74 bytes). On failure the object holds what came before.
     unsigned int SetBinary(const char* buffer, const VDicomULong* length, const VDicomAssociate* request);
     /// SetBinary for bytes that nobody vouches for: another sub-item in a presentation context is refused with
-    /// DICOM_ERROR_ITEM_TYPE.
+    /// DICOM_ERROR_ITEM_TYPE, a PDU of more than 1 MiB with DICOM_ERROR_ITEM_LENGTH.
     unsigned int SetBinaryStrict(const char* buffer, const VDicomULong* length, const VDicomAssociate* request);
     /// Ends a text at `length` characters, or at its zero where that comes first, and takes blanks (no other white
     /// space) off both ends, in place.

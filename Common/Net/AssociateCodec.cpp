@@ -2,6 +2,8 @@
 
 #include "PduWriter.h"
 
+#include <unordered_map>
+
 namespace vdicom {
 
 namespace {
@@ -62,7 +64,7 @@ public:
     unsigned int Decode(ByteSpan pdu) {
         m_out.Reset(1);
         m_out.hasMaxLength = 0;
-        if (pdu.size < kAssociateHeaderSize)
+        if (pdu.size < kAssociateHeaderSize || (m_foreign == ForeignSubItems::refuse && pdu.size > kMostNetworkBytes))
             return DICOM_ERROR_ITEM_LENGTH;
         m_out.request = pdu.data[0] == 1 ? 1 : 0;
         m_out.version = Get16(pdu.data + 6, false);
@@ -177,8 +179,13 @@ private:
     static std::size_t UIDLength(ByteSpan body) { return body.size < 2 ? kMaxTitle + 1 : Get16(body.data, false); }
 
     PresentationContext* Match(ByteSpan uid) {
-        const PresentationContext* found = m_request.FindAbstract(TrimmedText(uid));
-        return found == nullptr ? nullptr : m_out.Find(found->id);
+        // The first context of each class; a PDU may ask for them thousands of times.
+        for (; m_indexed < m_request.contexts.size(); ++m_indexed) {
+            const PresentationContext& context = *m_request.contexts[m_indexed];
+            m_ids.emplace(context.abstractSyntax.View(), context.id);
+        }
+        const auto found = m_ids.find(TrimmedText(uid));
+        return found == m_ids.end() ? nullptr : m_out.Find(found->second);
     }
 
     static unsigned int Whole(ByteSpan body, Title& text) {
@@ -191,6 +198,8 @@ private:
     ForeignSubItems m_foreign;
     const AssociateRecord& m_request;
     AssociateRecord& m_out;
+    std::unordered_map<std::string_view, std::uint8_t> m_ids; ///< of the request's first m_indexed contexts
+    std::size_t m_indexed = 0;
 };
 
 // ---------------------------------------------------------------- encoding

@@ -13,8 +13,12 @@ constexpr std::size_t kAssociateHeaderSize = 74;
 constexpr std::uint8_t kUserIdentityItem = 0x58;
 constexpr std::uint8_t kUserIdentityResponseItem = 0x59;
 
+/// More than any sensible request has: 128 contexts with 40 transfer syntaxes each take a third of it. What is decoded
+/// takes up to ten times the bytes of the PDU.
+constexpr std::size_t kMostNetworkBytes = std::size_t{1} << 20;
+
 enum class ForeignSubItems {
-    refuse, ///< for bytes from the network
+    refuse, ///< for bytes from the network, which also may be kMostNetworkBytes at most
     /// Kept deliberately for applications: the decoder does not step over a sub-item of a presentation context that is
     /// no syntax, and reads it again without end.
     readForEver

@@ -7,6 +7,10 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
 using namespace support;
 
 namespace {
@@ -142,6 +146,12 @@ TEST(Associate, FieldsAsPeersWriteThem) {
         }
     }
     VDicomAssociate version(1);
+    Bytes large = kHeader;
+    while (large.size() <= (1u << 20))
+        large = large + "50 00 EA60"_bytes + "57 00 EA5C"_bytes + Bytes(0xEA5C, 1);
+    EXPECT_EQ(Decode(version, large), DICOM_ERROR_ITEM_LENGTH);
+    EXPECT_EQ(Decode(version, large, nullptr, false), 0u);
+    EXPECT_EQ(version.GetUserInfoCount(), 18);
     EXPECT_EQ(Decode(version, kHeader + "50 00 0018 55 00 0014 'VERSION OF 20 BYTES.'"_bytes), 0u);
     EXPECT_STREQ(version.GetImplementVersion(), "VERSION OF 20 BY");
 }
@@ -165,6 +175,22 @@ TEST(Associate, DamageIsRefusedAndNeverReadsOn) {
             Decode(associate, damaged);
         }
     }
+}
+
+TEST(AssociateDeathTest, OnlySetBinaryWaitsAtAForeignSubItem) {
+    const auto comesBack = [](bool strict) {
+        std::atomic<bool> back{false};
+        std::thread([strict, &back] {
+            VDicomAssociate associate(1);
+            Decode(associate, kHeader + "20 00 0008 01 00 00 00 41 00 0000"_bytes, nullptr, strict);
+            back = true;
+        }).detach();
+        for (int i = 0; i < (strict ? 1000 : 10) && !back; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        std::_Exit(back ? 1 : 0);
+    };
+    EXPECT_EXIT(comesBack(true), testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(comesBack(false), testing::ExitedWithCode(0), "");
 }
 
 TEST(Associate, OddEncodingsAreKept) {
