@@ -197,8 +197,11 @@ void CheckMeta(ConformanceWalk& walk) {
         if (uid.empty() || uid == other || directory)
             continue;
         const std::string name(ConformanceWalk::NameOf(inside));
-        const std::string text = e == nullptr ? name + " is missing, but stands in the file meta information"
-                                              : name + " differs from that in the file meta information, " + uid;
+        std::string text = name;
+        if (e == nullptr)
+            text += " is missing, but stands in the file meta information";
+        else
+            text.append(" differs from that in the file meta information, ").append(uid);
         walk.Report({DICOM_CHECK_META, DICOM_SEVERITY_ERROR, e, inside, text, nullptr, other, uid});
     }
 }
