@@ -27,7 +27,8 @@ struct SavePlan;
 /// names).
 class VDICOM_API VDicomDS {
 public:
-    /// @param tempPath folder for temporary files; null or empty: the platform's
+    /// Needs no memory but for the path. @param tempPath folder for temporary files; null, empty, or too long for the
+    /// memory there is: the platform's
     explicit VDicomDS(const char* tempPath = nullptr);
     /// Deletes every element and closes the streams.
     virtual ~VDicomDS();
@@ -47,8 +48,7 @@ public:
     /// elements of types 1 and 2 (and unique keys) alone, but of all modules.
     /// @param classId number in VDicomIOD; DICOM_NO_CLASS: the data set stays empty
     /// @return 0; DICOM_ERROR_PARAMETER (no such class); DICOM_ERROR_DEPTH; DICOM_ERROR_MEMORY; DICOM_ERROR_WRITE.
-    /// After
-    ///         a failure the data set is empty, and its flags are set.
+    ///         After a failure the data set is empty, and its flags are set.
     unsigned int InitDS(VDicomULong classId, unsigned short flags);
     /// The class (GetClass) and the flags word. Null pointers are skipped.
     void GetInfoDS(VDicomULong* classId, unsigned short* flags);
@@ -468,11 +468,11 @@ public:
     /// Walks the data set and reports where it breaks the standard's rules: against the dictionary, its VRs, its
     /// character set and, where VDicomIOD has the class, against the modules of the class.
     ///
-    /// A class's mandatory modules must be there. A conditional or optional module counts as there when one of its type
-    /// 1 elements that no other module of the class holds is there: elements that several modules share say nothing.
-    /// Where only others of its own elements are there, what is missing is a warning. Conditions (types 1C, 2C) are
-    /// judged where the data set itself tells; the others are not reported. Elements newer than the table are not
-    /// called foreign to their class.
+    /// A class's mandatory modules must be there. A conditional or optional module counts as there when more than half
+    /// of its own type 1 elements are, those that no other module of the class holds: elements that several modules
+    /// share say nothing. Where fewer are there, what is missing is a warning. Conditions (types 1C, 2C) are judged
+    /// where the data set itself tells; the others are not reported. Elements newer than the table are not called
+    /// foreign to their class.
     ///
     /// While it runs the tree is frozen: InsertElement and DeleteElement do nothing. The findings of one level come
     /// before those of the items in it: first what is missing, then element by element.
@@ -501,6 +501,9 @@ protected:
     vdicom::DataSetState* m_pState;
 
 private:
+    /// Where the state stands: a data set can be made without memory, and ten thousand short-lived ones cost nothing.
+    alignas(8) unsigned char m_state[sizeof(void*) == 8 ? 2816 : 1792];
+
     unsigned int FinishLoad(unsigned int code);
     bool StoreReferences(VDicomULong key);
     unsigned int PrepareMeta(const vdicom::SavePlan& plan);

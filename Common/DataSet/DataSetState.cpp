@@ -1,10 +1,16 @@
 #include "DataSetState.h"
 
 #include <algorithm>
+#include <new>
 
 namespace vdicom {
 
-DataSetState::DataSetState(const char* path) : tempPath(path == nullptr ? "" : path) {}
+DataSetState::DataSetState(const char* path) {
+    try {
+        tempPath = path == nullptr ? "" : path;
+    } catch (const std::bad_alloc&) { // then the platform's folder
+    }
+}
 
 DataSetState::~DataSetState() = default;
 

@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <iterator>
+#include <new>
 
 using namespace vdicom;
 
@@ -26,9 +27,11 @@ bool IsVolatile(const DICOMELEMENT* e) {
 
 } // namespace
 
-VDicomDS::VDicomDS(const char* tempPath) : m_pState(new DataSetState(tempPath)) {}
+VDicomDS::VDicomDS(const char* tempPath) : m_pState(new (m_state) DataSetState(tempPath)) {
+    static_assert(sizeof(DataSetState) <= sizeof(m_state) && alignof(DataSetState) <= 8);
+}
 
-VDicomDS::~VDicomDS() { delete m_pState; }
+VDicomDS::~VDicomDS() { m_pState->~DataSetState(); }
 
 void VDicomDS::ResetDS() { ResetDS(1); }
 

@@ -105,3 +105,21 @@ TEST(DataSetMemory, NoOperationLetsAnExceptionOut) {
         });
     }
 }
+
+TEST(DataSetMemory, DataSetsAreMadeWithoutMemory) {
+    bool thrown = false;
+    DICOMELEMENT* e = nullptr;
+    unsigned int code = DICOM_OK;
+    g_failAfter = 0;
+    try {
+        VDicomDS ds("/a folder with a name that is longer than texts without memory of their own");
+        e = ds.InsertElement(nullptr, 0, 0x00100020, 0, 0, 0);
+        code = ds.LoadDS("missing", 0);
+    } catch (...) {
+        thrown = true;
+    }
+    g_failAfter = -1;
+    EXPECT_FALSE(thrown);
+    EXPECT_EQ(e, nullptr);
+    EXPECT_NE(code, DICOM_OK);
+}
