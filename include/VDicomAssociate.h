@@ -73,6 +73,7 @@ public:
 
     /// @name Titles and versions
     /// @{
+
     /// Non-zero: an A-ASSOCIATE-RQ; zero: an A-ASSOCIATE-AC.
     unsigned int IsRequest() const;
     unsigned int SetRequest(unsigned int bRequest);
@@ -171,6 +172,7 @@ public:
     /// @name User identity (PS3.7 D.3.3.7)
     /// They stand among the items of the list below, with the types 0x58 and 0x59.
     /// @{
+
     /// Puts the user identity of a request into place of one that is there.
     /// @param type DICOMUSERIDENTITYTYPE @param bResponse non-zero: the acceptor shall answer
     /// @param secondary the passcode; null with length 0 for the other types
@@ -203,6 +205,7 @@ public:
 
     /// @name The PDU
     /// @{
+
     /// Encodes the object as a PDU, its header included. Ask for the size with a null buffer first: the length in the
     /// PDU header is made of the size that is passed in, not of what is written.
     ///

@@ -63,6 +63,7 @@ public:
     /// A null abstract syntax means: all that have nothing of their own. Both an abstract syntax and a transfer syntax
     /// must be accepted for a context to be.
     /// @{
+
     /// Accepts an abstract syntax; null: every one, be it added or not.
     unsigned int AddAbstract(const char* abstractSyntax);
     /// Accepts a transfer syntax, less liked than those added before it. An abstract syntax for which some are added
@@ -82,6 +83,7 @@ public:
 
     /// @name Titles
     /// @{
+
     /// The AE title that requests must name; null or empty: any. Upper and lower case differ.
     unsigned int SetCalled(const char* title);
     /// Adds an AE title from which requests are taken; when none is added, all are.
@@ -90,6 +92,7 @@ public:
 
     /// @name What the acceptor says of itself
     /// @{
+
     /// The largest PDU that this side takes; 16384 unless set. @return also DICOM_ERROR_PARAMETER (below 8, or odd)
     unsigned int SetMaxLength(VDicomULong length);
     /// Implementation class UID and version name (at most 16 characters); null: not sent.

@@ -62,6 +62,7 @@ public:
 
     /// @name Groups
     /// @{
+
     /// Appends a group without concepts.
     /// @param pVersion copied @param nFlags DICOM_CONTEXT_GROUP_UNIQUE: a CID that is there already is refused; other
     ///        bits have no meaning
@@ -117,6 +118,7 @@ public:
 
     /// @name What is built in
     /// @{
+
     /// Number of built-in groups: the rows that LoadCodedConcepts takes are smaller.
     static VDicomULong GetCountBuiltIn();
     /// CID of built-in group number `row`, or null. It lives for ever.

@@ -37,6 +37,7 @@ public:
 
     /// @name Life
     /// @{
+
     /// ResetDS(1).
     void ResetDS();
     /// Deletes every element, empties the scratch stream, sets the flags word to 0x25, empties the identification
@@ -84,6 +85,7 @@ public:
 
     /// @name Walking the tree
     /// @{
+
     /// The top-level ancestor of `e`.
     DICOMELEMENT* GetRootElement(DICOMELEMENT* e);
     DICOMELEMENT* GetParentElement(DICOMELEMENT* e);
@@ -115,6 +117,7 @@ public:
 
     /// @name Inserting and deleting
     /// @{
+
     /// Inserts an element without a value.
     /// @param neighbour with `child` zero the element beside which, with `child` non-zero the parent under which the
     ///        new element is put; null: top level
@@ -148,6 +151,7 @@ public:
     /// inserted nothing. Codes: 0; DICOM_ERROR_PARAMETER (unknown module, null entry); DICOM_ERROR_STRUCTURE (the
     /// module does not belong at that level); DICOM_ERROR_DEPTH; DICOM_ERROR_MEMORY.
     /// @{
+
     /// Inserts a module at the top level. @return FindModule of it; null as well for the modules of the directory class
     DICOMIOD* InsertModule(VDicomULong moduleId, unsigned int withOptional);
     /// Inserts a module where VerifyModule allows it. `parent` is an item; null: the top level; a sequence: the module
@@ -185,6 +189,7 @@ public:
     /// SaveDS turns the numbers into byte offsets and loading turns them back. Every step takes constant time.
     /// A null element means the root of the directory.
     /// @{
+
     /// Makes a record of the given type with (0004,1400), (0004,1410), (0004,1420) and (0004,1430), inserting
     /// (0004,1200), (0004,1202), (0004,1212) and (0004,1220) where they are missing, and links it.
     /// @param neighbour the record under which (`child` non-zero, as its last) or behind which it is put; null: the
@@ -231,6 +236,7 @@ public:
     /// @name Lengths and offsets
     /// `flags` are save flags; what they say is exactly what SaveDS with the same flags writes.
     /// @{
+
     /// Size of an element's header: 8, or 12 with explicit VR for the VRs with 32-bit lengths.
     VDicomULong GetLengthElement(VDicomULong tag, unsigned short vr, VDicomULong length, unsigned int explicitVR);
     /// Encoded size of `e`'s group at its level, its group length element left out. DICOM_UNDEFINED when the size
@@ -251,6 +257,7 @@ public:
     /// @name Raw values
     /// Bytes come and go in the host's order. Elements of undefined length have no value of their own.
     /// @{
+
     /// Raw bytes from the start, or from `offset`; fewer than `length` where the value ends.
     /// @return 1 on success (also for an empty value), 0: null, undefined length, offset behind the end, read failed
     unsigned int GetBinaryValue(DICOMELEMENT* e, void* buffer, VDicomULong length);
@@ -282,6 +289,7 @@ public:
     /// `index` is the first value wanted, `count` how many (DICOM_UNDEFINED: all from there on). Getters return null
     /// when the VR is not of the type, when the values are not there, or when the text is no such value.
     /// @{
+
     /// The number of values; parses the value when that has not been done. 0 on failure.
     VDicomULong GetCountValue(DICOMELEMENT* e);
     /// Whether `e` is of this type (see VerifyVR) and has the values; `*count` DICOM_UNDEFINED becomes their number.
@@ -361,6 +369,7 @@ public:
     /// By the Specific Character Set (0008,0005) that holds for the element: that of its item or of the nearest
     /// enclosing level, with code extensions (PS3.5 6.1).
     /// @{
+
     /// The whole text of a string element in UTF-8, backslashes between values, padding at the end left out. Bytes
     /// that are no text of the character set become U+FFFD.
     /// @param out receives at most `size` bytes with the zero, cut between characters; may be null when size is 0
@@ -378,6 +387,7 @@ public:
     ///         DICOM_ERROR_PARAMETER; DICOM_ERROR_FORMAT; DICOM_ERROR_DEPTH; DICOM_ERROR_DEFLATE; DICOM_ERROR_WRITE
     ///         (the temporary storage is full); DICOM_ERROR_MEMORY. GetFault says where and why.
     /// @{
+
     /// @param path UTF-8 @param flags 0, DICOM_FLAG_CARRY, DICOM_FLAG_OFFSETS
     unsigned int LoadDS(const char* path, unsigned short flags);
     /// Parses a buffer in place; it must outlive the data set's use of it.
@@ -427,6 +437,7 @@ public:
     ///         DICOM_ERROR_SIZE (a value too long for a 16-bit length); DICOM_ERROR_STRUCTURE (an element with a value
     ///         has elements below it); DICOM_ERROR_MEMORY
     /// @{
+
     /// Saves to a file. The file appears whole or not at all: it is written beside its place, flushed and renamed, so
     /// that a full disk or a killed process leaves an old file as it was. Saving over the file that the data set was
     /// loaded from works. Pipes and devices are written directly.
@@ -477,6 +488,7 @@ public:
     /// While it runs the tree is frozen: InsertElement and DeleteElement do nothing. The findings of one level come
     /// before those of the items in it: first what is missing, then element by element.
     /// @{
+
     /// @param callback gets each finding; its non-zero return ends the walk
     /// @return 0, also when the callback ended the walk; DICOM_ERROR_PARAMETER (null callback, called by its own
     ///         callback); DICOM_ERROR_MEMORY
@@ -490,6 +502,7 @@ public:
 
     /// @name Names
     /// @{
+
     /// The name of an element: from the dictionary, today's edition, or the private creator's. Empty when unknown.
     const char* GetNameElement(DICOMELEMENT* e);
     /// Its keyword (PS3.6); empty when there is none.

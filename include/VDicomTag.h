@@ -58,6 +58,7 @@ public:
     /// @name Today's edition of the standard, and private attributes
     /// Read-only tables beside the list: asked only where the list has no answer.
     /// @{
+
     /// The attribute of today's edition with this tag. @return non-zero when found; `*out` then is filled
     static unsigned int FindCurrent(VDicomULong tag, DICOMCURRENTTAG* out);
     /// The attribute with this keyword ("PatientName"; upper and lower case count). @return non-zero when found
