@@ -7,7 +7,6 @@
 #include "Message.h"
 #include "Options.h"
 #include "Output.h"
-#include "Progress.h"
 #include "ValueText.h"
 #include "VisibleText.h"
 
@@ -18,7 +17,6 @@
 #include <rapidjson/stringbuffer.h>
 
 #include <array>
-#include <new>
 #include <optional>
 
 namespace program {
@@ -208,25 +206,10 @@ public:
     }
 
     int Run() {
-        Progress progress("files", m_options.recursive ? 0 : m_options.files.size());
-        const bool quiet = VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
-        std::size_t done = 0;
-        const auto one = [&](const std::string& path, const std::string&) {
-            try {
-                CheckFile(path);
-            } catch (const std::bad_alloc&) {
-                Say(NameOfInput(path), GetErrorText(DICOM_ERROR_MEMORY));
-                m_failed = true;
-            }
-            ++done;
-            if (!quiet)
-                progress.Done(done);
-            return !m_out.Failed();
-        };
-        if (!ForEachInput(m_options.files, m_options.recursive, one))
+        const auto report = [this](const std::string& path) { CheckFile(path); };
+        if (!ReportEach(m_options.files, m_options.recursive, m_out, report))
             m_failed = true;
         m_report->Close();
-        progress.Hide();
         if (!m_out.Flush())
             return ReportOutputFailure(m_out);
         return m_failed ? kInputFailed : kDone;

@@ -6,7 +6,6 @@
 #include "JsonOut.h"
 #include "Message.h"
 #include "Options.h"
-#include "Progress.h"
 #include "TextDump.h"
 
 #include <fmt/format.h>
@@ -14,7 +13,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <new>
 #include <optional>
 
 namespace program {
@@ -81,27 +79,11 @@ public:
     }
 
     int Run() {
-        Progress progress("files", m_options.recursive ? 0 : m_options.files.size());
-        // A progress line among the lines of the dump would only disturb.
-        const bool quiet = VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
-        std::size_t done = 0;
-        const auto one = [&](const std::string& path, const std::string&) {
-            try {
-                DumpFile(path);
-            } catch (const std::bad_alloc&) {
-                Say(NameOfInput(path), GetErrorText(DICOM_ERROR_MEMORY));
-                m_failed = true;
-            }
-            ++done;
-            if (!quiet)
-                progress.Done(done);
-            return !m_out.Failed();
-        };
-        if (!ForEachInput(m_options.files, m_options.recursive, one))
+        const auto report = [this](const std::string& path) { DumpFile(path); };
+        if (!ReportEach(m_options.files, m_options.recursive, m_out, report))
             m_failed = true;
         if (m_json)
             m_json->End();
-        progress.Hide();
         if (!m_out.Flush())
             return ReportOutputFailure(m_out);
         return m_failed ? kInputFailed : kDone;

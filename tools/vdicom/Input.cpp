@@ -1,6 +1,8 @@
 #include "Input.h"
 
 #include "Message.h"
+#include "Output.h"
+#include "Progress.h"
 
 #include "VDicomConsole.h"
 
@@ -8,6 +10,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 
 namespace program {
 
@@ -114,6 +117,27 @@ bool ForEachInput(const std::vector<std::string>& arguments, bool recursive,
             goOn = each(argument, IsStandard(argument) ? argument : TextOf(PathOf(argument).filename()));
     }
     return good;
+}
+
+bool ReportEach(const std::vector<std::string>& arguments, bool recursive, const Output& out,
+                const std::function<void(const std::string& path)>& report) {
+    Progress progress("files", recursive ? 0 : arguments.size());
+    const bool quiet = VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
+    bool good = true;
+    std::size_t done = 0;
+    const auto one = [&](const std::string& path, const std::string&) {
+        try {
+            report(path);
+        } catch (const std::bad_alloc&) {
+            Say(NameOfInput(path), GetErrorText(DICOM_ERROR_MEMORY));
+            good = false;
+        }
+        ++done;
+        if (!quiet)
+            progress.Done(done);
+        return !out.Failed();
+    };
+    return ForEachInput(arguments, recursive, one) && good;
 }
 
 } // namespace program

@@ -52,6 +52,14 @@ inline bool IsStandard(const std::string& path) { return path == "-"; }
 bool ForEachInput(const std::vector<std::string>& arguments, bool recursive,
                   const std::function<bool(const std::string& path, const std::string& below)>& each);
 
+class Output;
+
+/// ForEachInput for reports on files: until the output fails, with a progress line where the report is not on a
+/// terminal itself, where it would only disturb.
+/// @return false when a folder could not be read or memory ran out; it has been said
+bool ReportEach(const std::vector<std::string>& arguments, bool recursive, const Output& out,
+                const std::function<void(const std::string& path)>& report);
+
 bool IsFolder(const std::string& path);
 
 } // namespace program
