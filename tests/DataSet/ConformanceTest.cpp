@@ -361,24 +361,25 @@ TEST(Conformance, TheCallbackCannotDisturb) {
         VDicomDS& ds;
         VDicomULong stopAfter;
         VDicomULong calls = 0;
-    };
-    const VDicomElementCallback disturb = [](DICOMELEMENT* e, unsigned short code, void* data) -> VDicomULong {
-        auto* seen = static_cast<Seen*>(data);
-        DICOMFINDING finding;
-        EXPECT_NE(seen->ds.GetFinding(&finding), 0u);
-        EXPECT_EQ(finding.nCode, code);
-        EXPECT_EQ(e, nullptr) << "missing at the top level";
-        EXPECT_EQ(finding.pElement, nullptr);
-        EXPECT_EQ(finding.nTag, seen->calls == 0 ? 0x00100030u : 0x0020000Du);
-        EXPECT_EQ(seen->ds.InsertElement(nullptr, 0, finding.nTag, 0, 0, 0), nullptr);
-        EXPECT_EQ(seen->ds.DeleteElement(seen->ds.GetFirstElement(nullptr, 1, 1)), nullptr);
-        seen->ds.ResetDS();
-        EXPECT_EQ(seen->ds.ConformanceDS(&Collect, nullptr, DICOM_UNDEFINED), unsigned{DICOM_ERROR_PARAMETER});
-        return ++seen->calls >= seen->stopAfter ? 1 : 0;
+
+        static VDicomULong VDICOM_CALLBACK Disturb(DICOMELEMENT* e, unsigned short code, void* data) {
+            auto* seen = static_cast<Seen*>(data);
+            DICOMFINDING finding;
+            EXPECT_NE(seen->ds.GetFinding(&finding), 0u);
+            EXPECT_EQ(finding.nCode, code);
+            EXPECT_EQ(e, nullptr) << "missing at the top level";
+            EXPECT_EQ(finding.pElement, nullptr);
+            EXPECT_EQ(finding.nTag, seen->calls == 0 ? 0x00100030u : 0x0020000Du);
+            EXPECT_EQ(seen->ds.InsertElement(nullptr, 0, finding.nTag, 0, 0, 0), nullptr);
+            EXPECT_EQ(seen->ds.DeleteElement(seen->ds.GetFirstElement(nullptr, 1, 1)), nullptr);
+            seen->ds.ResetDS();
+            EXPECT_EQ(seen->ds.ConformanceDS(&Collect, nullptr, DICOM_UNDEFINED), unsigned{DICOM_ERROR_PARAMETER});
+            return ++seen->calls >= seen->stopAfter ? 1 : 0;
+        }
     };
     for (const VDicomULong stopAfter : {1u, 2u, 100u}) {
         Seen seen{ds, stopAfter};
-        EXPECT_EQ(ds.ConformanceDS(disturb, &seen), 0u);
+        EXPECT_EQ(ds.ConformanceDS(&Seen::Disturb, &seen), 0u);
         EXPECT_EQ(seen.calls, std::min<VDicomULong>(stopAfter, 2));
     }
     DICOMFINDING finding;
