@@ -273,7 +273,12 @@ TEST_F(Sockets, AddressesOfBothKinds) {
     DescribeAddress(addresses[0], text, port);
     EXPECT_EQ(text, "::1");
     EXPECT_EQ(port, 65535u);
-    EXPECT_EQ(ResolveAddress("localhost", 104, false, addresses), 0);
+    ASSERT_EQ(ResolveAddress("127.0.0.1", 104, false, addresses), 0);
+    DescribeAddress(addresses[0], text, port);
+    EXPECT_EQ(text, "127.0.0.1");
+    // A name; a machine without a file of hosts does not know it (WSAHOST_NOT_FOUND).
+    const int byName = ResolveAddress("localhost", 104, false, addresses);
+    EXPECT_TRUE(byName == 0 || byName == 11001) << byName;
     EXPECT_EQ(ResolveAddress(nullptr, 104, true, addresses), 0);
     EXPECT_NE(ResolveAddress("1.2.3.4.5.6", 104, false, addresses), 0);
     EXPECT_NE(ResolveAddress("localhost", 65536, false, addresses), 0);
