@@ -44,6 +44,87 @@ const char* GetErrorText(unsigned int code) {
         return "A presentation data value runs past the end of its PDU; what it belonged to is lost.";
     case DICOM_ERROR_COMMAND_LENGTH:
         return "The peer sent a command set longer than the limit; it was dropped.";
+    case DICOM_ERROR_TIMEOUT:
+        return "The peer did not answer in time.";
+    case DICOM_ERROR_SOCKET:
+    case DICOM_ERROR_SOCKET_OTHER:
+        return "A network operation failed.";
+    case DICOM_ERROR_SOCKET_ACCESS:
+        return "The system does not allow this address or port; ports below 1024 need rights.";
+    case DICOM_ERROR_SOCKET_ADDRESS_USED:
+        return "Another program uses this address and port already.";
+    case DICOM_ERROR_SOCKET_ADDRESS:
+        return "The address cannot be used here; check it and the port.";
+    case DICOM_ERROR_SOCKET_FAMILY:
+        return "This kind of address is not supported.";
+    case DICOM_ERROR_SOCKET_ABORTED:
+        return "The connection was aborted by this machine.";
+    case DICOM_ERROR_SOCKET_REFUSED:
+        return "The peer refused the connection: nobody listens at this address and port.";
+    case DICOM_ERROR_SOCKET_RESET:
+        return "The peer broke the connection off.";
+    case DICOM_ERROR_SOCKET_DESTINATION:
+        return "The address of the peer is missing.";
+    case DICOM_ERROR_SOCKET_FAULT:
+        return "A bad address in memory was given to the system.";
+    case DICOM_ERROR_SOCKET_IN_PROGRESS:
+        return "Another operation is still under way on this socket.";
+    case DICOM_ERROR_SOCKET_INTERRUPTED:
+        return "The operation was interrupted.";
+    case DICOM_ERROR_SOCKET_ARGUMENT:
+        return "The system refused an argument of a socket operation.";
+    case DICOM_ERROR_SOCKET_CONNECTED:
+        return "The object is connected or listens already; close it first.";
+    case DICOM_ERROR_SOCKET_HANDLES:
+        return "There are no more descriptors; raise the limit of open files.";
+    case DICOM_ERROR_SOCKET_MESSAGE_SIZE:
+        return "The message is too long for the system.";
+    case DICOM_ERROR_SOCKET_NETWORK_DOWN:
+        return "The network does not work.";
+    case DICOM_ERROR_SOCKET_NETWORK_RESET:
+        return "The network dropped the connection.";
+    case DICOM_ERROR_SOCKET_UNREACHABLE:
+        return "There is no way to the host; check its address and the network.";
+    case DICOM_ERROR_SOCKET_BUFFERS:
+        return "The system has no memory for more network traffic.";
+    case DICOM_ERROR_SOCKET_NOT_CONNECTED:
+        return "There is no connection.";
+    case DICOM_ERROR_SOCKET_NO_SOCKET:
+        return "What should be a socket is none.";
+    case DICOM_ERROR_SOCKET_OPERATION:
+        return "The operation is not supported on this socket.";
+    case DICOM_ERROR_SOCKET_PROTOCOL:
+        return "The protocol is not supported.";
+    case DICOM_ERROR_SOCKET_PROTOCOL_TYPE:
+        return "The protocol does not fit the socket.";
+    case DICOM_ERROR_SOCKET_SHUT_DOWN:
+        return "The connection has been shut down.";
+    case DICOM_ERROR_SOCKET_TYPE:
+        return "This kind of socket is not supported.";
+    case DICOM_ERROR_SOCKET_TIMED_OUT:
+        return "The peer's machine does not answer.";
+    case DICOM_ERROR_SOCKET_WOULD_BLOCK:
+        return "The operation would have to wait.";
+    case DICOM_ERROR_SOCKET_HOST:
+        return "There is no host of this name.";
+    case DICOM_ERROR_SOCKET_HOST_DATA:
+        return "The host of this name has no address.";
+    case DICOM_ERROR_SOCKET_NAME_SERVICE:
+        return "The name service failed.";
+    case DICOM_ERROR_SOCKET_NOT_STARTED:
+        return "The network was not started, or the socket library is missing.";
+    case DICOM_ERROR_SOCKET_SYSTEM:
+        return "The network of this system is not ready.";
+    case DICOM_ERROR_SOCKET_HOST_LATER:
+        return "The name service does not answer now; try again later.";
+    case DICOM_ERROR_SOCKET_VERSION:
+        return "The socket library has another version than 2.0.";
+    case DICOM_ERROR_NO_TLS:
+        return "The connection does not use TLS.";
+    case DICOM_ERROR_SOCKET_OPTION:
+        return "An option of a socket could not be set.";
+    case DICOM_ERROR_CONNECT:
+        return "The connection could not be started.";
     case DICOM_ERROR_CANCELLED:
         return "It was stopped on the application's wish.";
     case DICOM_INVALID_ELEMENT:
