@@ -212,6 +212,7 @@ public:
     /// version than 2.0); DICOM_ERROR_MEMORY (the window class could not be registered)
     static unsigned int StartUp();
     /// Ends what one StartUp started. After the last one no connection may be left.
+    /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED; DICOM_ERROR_SOCKET_CONNECTED (connections are left)
     static unsigned int ShutDown();
     /// The result code for an error of the socket library: a number of Windows Sockets, or the platform's own.
     /// @return DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET for one that has no code
@@ -452,8 +453,8 @@ public:
     /// @name Notifications of the connection
     /// @{
 
-    /// Connect has ended. @param nError 0; after a failure the connection is closed when this returns, and may be
-    /// connected again from here
+    /// Connect has ended. @param nError 0; after a failure the connection is closed when this returns; to connect again
+    /// from here, Close it first
     virtual void OnConnect(int nError);
     /// A connection waits for Accept.
     virtual void OnAccept(int nError);
@@ -559,7 +560,6 @@ public:
 
 private:
     friend class vdicom::Connection;
-    vdicom::Connection* m_pConnection;
-    _DICOMNETCALLBACK m_callback;
-    _DICOMNETCALLBACKEXT m_callbackExt;
+    vdicom::Connection* m_pConnection; ///< stands in m_state
+    alignas(8) unsigned char m_state[sizeof(void*) == 8 ? 16384 : 12288];
 };

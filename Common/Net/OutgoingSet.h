@@ -49,6 +49,8 @@ public:
     VDicomUInt64 TotalSize() const { return m_plan.TotalSize(); }
     /// Whether everything has been sent.
     bool Done() const { return m_done; }
+    /// Whether bytes of it stand in streams that are not its own.
+    bool InPlace() const { return !m_ranges.empty(); }
 
     /// The next unsent bytes, in order: at most `most` pieces (1 or more), as many PDUs as one look at the storage
     /// gives. Valid until the next call on this object or, in place, on the set.

@@ -57,6 +57,8 @@ class PDataAssembler {
 public:
     /// @param tempPath folder for temporary files; null or empty: the platform's
     explicit PDataAssembler(const char* tempPath);
+    /// Another folder, for what is opened from now on. May throw std::bad_alloc.
+    void SetTempPath(const char* tempPath) { m_tempPath = tempPath == nullptr ? "" : tempPath; }
 
     PDataLimits limits;
 

@@ -372,6 +372,8 @@ OptionResult SetSocketOptions(SocketHandle handle, const SocketOptions& options,
     // A server that is started again takes its port though connections of the last one are in TIME_WAIT.
     if (!set(SOL_SOCKET, SO_REUSEADDR, 1))
         return OptionResult::failed;
+    // An IPv6 socket that listens at every address takes IPv4 as well; on others, and on IPv4, this changes nothing.
+    set(IPPROTO_IPV6, IPV6_V6ONLY, 0);
     // Messages are small and wait for answers: Nagle's algorithm would hold each for 40 ms.
     set(IPPROTO_TCP, TCP_NODELAY, 1);
     error = 0;

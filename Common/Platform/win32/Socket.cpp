@@ -184,6 +184,8 @@ OptionResult SetSocketOptions(SocketHandle socket, const SocketOptions& options,
     // Messages are small and wait for answers: Nagle's algorithm would hold each for a long time. SO_REUSEADDR is not
     // set: here it would let two servers have one port.
     set(IPPROTO_TCP, TCP_NODELAY, 1);
+    // An IPv6 socket that listens at every address takes IPv4 as well; on others, and on IPv4, this changes nothing.
+    set(IPPROTO_IPV6, IPV6_V6ONLY, 0);
     error = 0;
     return OptionResult::done;
 }
