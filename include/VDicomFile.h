@@ -69,6 +69,27 @@ public:
     /// Writes what is buffered to the file. @return non-zero on success
     unsigned int Flush();
 
+    /// Flush, and puts the bytes onto the disk, so that they outlast a power failure. The file's name does so after
+    /// SyncFolder. Nothing more than Flush for memory, pipes and devices. @return non-zero on success
+    unsigned int Sync();
+
+    /// Puts the names in a folder onto the disk: files made, renamed and deleted there outlast a power failure.
+    /// @param folder UTF-8 @param error receives the platform's number when it failed; may be null
+    /// @return non-zero on success
+    static unsigned int SyncFolder(const char* folder, int* error);
+
+    /// Makes a file name of a text that a peer or a file chose (a UID, an AE title, a Patient ID ...). The name cannot
+    /// lead out of a folder or to a device, and shows in a terminal as it is: letters, digits, '.', '-' and '_' stand
+    /// as they are, every other byte, separators and control characters among them, as '%' and two hexadecimal digits;
+    /// so does a dot at the start or the end ("..": "%2E%2E"), a hyphen at the start, and the first letter of a device
+    /// ("NUL.txt": "%4EUL.txt"). Different texts have different names; where the file system does not tell capital
+    /// letters from small ones, texts that differ in these alone share a file.
+    /// @param length bytes of `text`; DICOM_UNDEFINED: it ends with a zero
+    /// @param out receives the name and a zero, at most 241 bytes; may be null when size is 0
+    /// @return the bytes needed with the zero (nothing is written when `size` is less); 0: there is no name for it, the
+    ///         text being null, empty, or so long that the name would have more than 240 bytes
+    static VDicomULong MakeFileName(const char* text, VDicomULong length, char* out, VDicomULong size);
+
     /// Moves the position. @param origin 0 from the start, 1 from the current position, 2 from the end
     /// @return non-zero on success; a place before the start or (when reading) behind the end is refused
     unsigned int Seek(VDicomLong offset, unsigned short origin);

@@ -447,6 +447,13 @@ bool Stream::WriteThrough(std::uint64_t position, const unsigned char* bytes, st
     return error == 0 || Fail(error);
 }
 
+bool Stream::Sync() {
+    if (!Flush() || m_lost)
+        return false;
+    const int error = m_backing == Backing::file ? m_file.Sync() : 0;
+    return error == 0 || FailWrite(error);
+}
+
 bool Stream::Flush() {
     if (!IsOpen())
         return true;

@@ -75,6 +75,7 @@ public:
     bool Read(void* buffer, std::size_t size);
     bool Write(const void* buffer, std::size_t size);
     bool Flush();
+    bool Sync();
     bool Seek(std::int64_t offset, unsigned short origin);
     bool Append(const void* buffer, std::size_t size, std::uint64_t& position);
 

@@ -1,8 +1,10 @@
 #include "VDicomFile.h"
 
+#include "FileName.h"
 #include "Stream.h"
 #include "StreamAccess.h"
 
+#include <cstring>
 #include <new>
 
 using vdicom::Stream;
@@ -44,6 +46,33 @@ unsigned int VDicomFile::Write(const void* buffer, VDicomULong size) {
 }
 
 unsigned int VDicomFile::Flush() { return m_pStream != nullptr && m_pStream->IsOpen() && m_pStream->Flush() ? 1 : 0; }
+
+unsigned int VDicomFile::Sync() { return m_pStream != nullptr && m_pStream->IsOpen() && m_pStream->Sync() ? 1 : 0; }
+
+unsigned int VDicomFile::SyncFolder(const char* folder, int* error) {
+    int number = vdicom::platform::NumberOf(vdicom::platform::FileRefusal::memory);
+    try {
+        number = vdicom::platform::SyncFolder(folder);
+    } catch (const std::bad_alloc&) { // the number says so
+    }
+    if (error != nullptr)
+        *error = number;
+    return number == 0 ? 1 : 0;
+}
+
+VDicomULong VDicomFile::MakeFileName(const char* text, VDicomULong length, char* out, VDicomULong size) {
+    if (text == nullptr)
+        return 0;
+    char name[vdicom::kLongestFileName];
+    const std::size_t used = vdicom::MakeFileName({text, length == DICOM_UNDEFINED ? std::strlen(text) : length}, name);
+    if (used == 0)
+        return 0;
+    if (out != nullptr && used < size) {
+        std::memcpy(out, name, used);
+        out[used] = '\0';
+    }
+    return static_cast<VDicomULong>(used + 1);
+}
 
 unsigned int VDicomFile::Seek(VDicomLong offset, unsigned short origin) { return Seek64(offset, origin); }
 

@@ -139,4 +139,7 @@ private:
 /// Whether there is a folder at `path`. @return 0 or the reason why it cannot be used
 int CheckFolder(const char* path);
 
+/// Puts the names in a folder onto the disk.
+int SyncFolder(const char* path);
+
 } // namespace vdicom::platform

@@ -350,4 +350,21 @@ int CheckFolder(const char* path) {
     return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
 }
 
+int SyncFolder(const char* path) {
+    if (path == nullptr || *path == '\0')
+        return ENOENT;
+    const int fd = OpenRetrying(path, O_RDONLY | O_DIRECTORY);
+    if (fd < 0)
+        return errno;
+    int error = 0;
+    while (::fsync(fd) != 0) {
+        if (errno == EINTR)
+            continue;
+        error = errno == EINVAL || errno == EROFS ? 0 : errno; // a file system that has nothing to put there
+        break;
+    }
+    ::close(fd);
+    return error;
+}
+
 } // namespace vdicom::platform

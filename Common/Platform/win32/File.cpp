@@ -286,4 +286,7 @@ int CheckFolder(const char* path) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? 0 : ERROR_DIRECTORY;
 }
 
+// The system keeps a journal of names; there is no call for folders.
+int SyncFolder(const char* path) { return CheckFolder(path); }
+
 } // namespace vdicom::platform
