@@ -26,14 +26,14 @@ MAY_SEE = {
     "Common/Net": ("Common/DataSet", "Common/Dictionary", "Common/Platform"),
     "tools": (),
     "examples": (),
-    "bench": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform"),
+    "bench": ("tools", "Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform"),
     "fuzz": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform"),
-    "tests": ("Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform", "Common/tables", "fuzz"),
+    "tests": ("tools", "Common/Net", "Common/DataSet", "Common/Dictionary", "Common/Platform", "Common/tables", "fuzz"),
 }
 # Libraries that a folder may include by angle brackets, the C++ standard library aside.
 LIBRARIES = {
     "Common/DataSet": r"zlib\.h",
-    "tools": r"(CLI|fmt|rapidjson)/.*",
+    "tools": r"(CLI|fmt|rapidjson)/.*|(sqlite3|utf8proc)\.h",
     "examples": r"VDicom\w+\.h",
     "bench": r"benchmark/.*",
     "tests": r"(gtest|gmock)/.*|zlib\.h|VDicom\w+\.h",

@@ -1,0 +1,122 @@
+#include "Archive.h"
+
+#include "Schema.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace archive {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kPrivate = ".vdicom";
+
+void MakeFolder(const std::string& path) {
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error)
+        throw ArchiveError(path + ": the folder cannot be made: " + error.message());
+}
+
+bool HasFiles(const std::string& folder) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (entry.path().filename() != kPrivate)
+            return true;
+    return false;
+}
+
+void EmptyFolder(const std::string& folder) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        std::error_code ignored;
+        fs::remove_all(entry.path(), ignored);
+    }
+}
+
+std::unique_ptr<Database> OpenIndex(const ArchiveFolder& folder, bool sync) {
+    const std::string path = folder.Index();
+    const bool isNew = !fs::exists(path);
+    if (isNew && HasFiles(folder.Root()))
+        throw ArchiveError(folder.Root() + ": there are files without an index; make it with 'vdicom serve --reindex'");
+    auto database = std::make_unique<Database>(path, isNew ? Database::Mode::create : Database::Mode::write);
+    // An empty file is what is left where the process was killed while it made the index.
+    if (isNew || database->Number("PRAGMA page_count") == 0)
+        CreateSchema(*database);
+    if (const std::string reason = CheckSchema(*database); !reason.empty())
+        throw ArchiveError(path + ": " + reason);
+    database->Execute("PRAGMA cache_size = -65536");
+    database->Execute(sync ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+    return database;
+}
+
+Outcome Failed(const DatabaseError& error) {
+    return {status::kOutOfResources, std::string("the index cannot be read: ") + error.what()};
+}
+
+} // namespace
+
+ArchiveFolder::ArchiveFolder(std::string folder) : m_root(std::move(folder)) {
+    while (m_root.size() > 1 && m_root.back() == '/')
+        m_root.pop_back();
+    MakeFolder(Unfinished());
+    const std::string lock = m_root + '/' + kPrivate + "/lock";
+    if (m_lock.Open(lock.c_str(), DICOM_FILE_CREATE | DICOM_FILE_WRITE) == 0)
+        throw ArchiveError(m_root + ": the archive is in use, or cannot be written to: " +
+                           std::generic_category().message(m_lock.GetError()));
+}
+
+Archive::Archive(const ArchiveOptions& options) try : m_options(options), m_folder(options.folder) {
+    EmptyFolder(m_folder.Unfinished());
+    m_database = OpenIndex(m_folder, options.sync);
+    m_index = std::make_unique<IndexWriter>(*m_database);
+    m_store = std::make_unique<FileStore>(m_folder.Root(), m_folder.Unfinished(), *m_index, options.sync);
+    m_readers = std::make_unique<ReaderPool>(m_folder.Index());
+} catch (const DatabaseError& error) {
+    throw ArchiveError(options.folder + ": the index cannot be used: " + error.what() +
+                       "; 'vdicom serve --reindex' makes it anew");
+} catch (const fs::filesystem_error& error) {
+    throw ArchiveError(options.folder + ": " + error.code().message());
+}
+
+Outcome Archive::StartFind(VDicomDS& identifier, const QueryOptions& options, std::unique_ptr<Find>& find) {
+    Query query;
+    if (Outcome outcome = ReadQuery(identifier, options, query); !outcome.IsSuccess())
+        return outcome;
+    try {
+        find = std::make_unique<Find>(std::move(query), *m_readers, m_options.retrieveAE);
+        return {};
+    } catch (const DatabaseError& error) {
+        return Failed(error);
+    }
+}
+
+Outcome Archive::StartRetrieval(VDicomDS& identifier, const QueryOptions& options,
+                                std::unique_ptr<Retrieval>& retrieval) {
+    Query query;
+    if (Outcome outcome = ReadRetrieval(identifier, options, query); !outcome.IsSuccess())
+        return outcome;
+    try {
+        retrieval = std::make_unique<Retrieval>(query, *m_readers, m_folder.Root());
+        return {};
+    } catch (const DatabaseError& error) {
+        return Failed(error);
+    }
+}
+
+Outcome Archive::StartCommitment(VDicomDS& action, std::unique_ptr<Commitment>& commitment) {
+    try {
+        commitment = std::make_unique<Commitment>(*m_readers, m_folder.Root(), m_options.retrieveAE);
+        return commitment->Read(action);
+    } catch (const DatabaseError& error) {
+        return Failed(error);
+    }
+}
+
+Archive::Count Archive::Counts() {
+    const auto count = [this](const char* sql) { return static_cast<std::uint64_t>(m_database->Number(sql)); };
+    return {count("SELECT count(*) FROM patient"), count("SELECT count(*) FROM study"),
+            count("SELECT count(*) FROM series"), count("SELECT coalesce(sum(instances), 0) FROM series")};
+}
+
+} // namespace archive

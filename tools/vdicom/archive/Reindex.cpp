@@ -1,0 +1,163 @@
+// The index made anew from the files.
+#include "Archive.h"
+#include "Schema.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace archive {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::uint64_t kObjectsAtOnce = 1000;
+// Behind the last attribute of the index.
+constexpr VDicomULong kLastGroup = 0x0070FFFF;
+
+struct FoundFile {
+    fs::file_time_type time;
+    std::string path; ///< within the archive
+};
+
+bool IsPrivate(const fs::path& path) { return path.filename() == ".vdicom"; }
+
+// The files below an entry of the archive's folder, which is a patient's usually: the oldest first, as they were stored.
+std::vector<FoundFile> FilesBelow(const fs::directory_entry& top, const fs::path& root) {
+    std::vector<FoundFile> files;
+    const auto add = [&](const fs::directory_entry& entry) {
+        std::error_code error;
+        if (entry.is_regular_file(error) && !entry.is_symlink(error))
+            files.push_back({entry.last_write_time(error), entry.path().lexically_relative(root).generic_string()});
+    };
+    add(top);
+    if (top.is_directory() && !top.is_symlink())
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(top))
+            add(entry);
+    std::sort(files.begin(), files.end(), [](const FoundFile& a, const FoundFile& b) {
+        return a.time != b.time ? a.time < b.time : a.path < b.path;
+    });
+    return files;
+}
+
+template <class Each> void ForEachTop(const std::string& root, Each each) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(root))
+        if (!IsPrivate(entry.path()))
+            each(entry);
+}
+
+void RemoveIndex(const std::string& path) {
+    for (const char* suffix : {"-wal", "-shm", ""})
+        fs::remove(path + suffix);
+}
+
+/// Fills a new index.
+class Rebuilder {
+public:
+    Rebuilder(const std::string& root, Database& database, const ReindexProgress& progress,
+              const ReindexComplaint& complaint)
+        : m_root(root), m_index(database), m_progress(progress), m_complaint(complaint) {
+        m_ds.SetLoadLimit(kLastGroup);
+    }
+
+    /// @return false when the caller asked to stop
+    bool Run() {
+        ForEachTop(m_root, [this](const fs::directory_entry& top) {
+            m_counts.total += FilesBelow(top, m_root).size();
+        });
+        bool isGoingOn = true;
+        ForEachTop(m_root, [&](const fs::directory_entry& top) {
+            for (const FoundFile& file : FilesBelow(top, m_root)) {
+                if (!isGoingOn)
+                    return;
+                Add(file.path);
+                ++m_counts.seen;
+                if (m_counts.seen % kObjectsAtOnce == 0)
+                    m_index.Commit();
+                isGoingOn = !m_progress || m_progress(m_counts);
+            }
+        });
+        m_index.Commit();
+        return isGoingOn;
+    }
+
+    const ReindexCounts& Counts() const { return m_counts; }
+
+private:
+    void Add(const std::string& path) {
+        const std::string full = m_root + '/' + path;
+        const unsigned int error = m_ds.LoadDS(full.c_str(), 0);
+        if (error != DICOM_OK)
+            return Fail(path, GetErrorText(error));
+        Record record;
+        if (const Outcome outcome = ReadRecord(m_ds, record); !outcome.IsSuccess())
+            return Fail(path, outcome.comment);
+        if (const std::optional<std::string> other = m_index.Find(record.Get(tag::kInstance))) {
+            ++m_counts.duplicates;
+            Complain(*other, "replaced by the newer " + path);
+        } else {
+            ++m_counts.indexed;
+        }
+        std::error_code ignored;
+        m_index.Put(record, path, fs::file_size(full, ignored));
+    }
+
+    void Fail(const std::string& path, const std::string& reason) {
+        ++m_counts.failed;
+        Complain(path, reason);
+    }
+
+    void Complain(const std::string& path, const std::string& reason) const {
+        if (m_complaint)
+            m_complaint(path, reason);
+    }
+
+    std::string m_root;
+    IndexWriter m_index;
+    const ReindexProgress& m_progress;
+    const ReindexComplaint& m_complaint;
+    ReindexCounts m_counts;
+    VDicomDS m_ds;
+};
+
+bool Build(const std::string& root, const std::string& path, const ReindexProgress& progress,
+           const ReindexComplaint& complaint, ReindexCounts& counts) {
+    Database database(path, Database::Mode::create);
+    CreateSchema(database);
+    database.Execute("PRAGMA synchronous = OFF");
+    database.Execute("PRAGMA cache_size = -262144");
+    bool isWhole = false;
+    {
+        Rebuilder rebuilder(root, database, progress, complaint);
+        isWhole = rebuilder.Run();
+        counts = rebuilder.Counts();
+    }
+    // Everything into the one file, and that onto the disk.
+    database.Execute("PRAGMA synchronous = FULL");
+    database.Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    return isWhole;
+}
+
+} // namespace
+
+ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const ReindexComplaint& complaint) {
+    const ArchiveFolder place(folder);
+    const std::string path = place.Index() + ".new";
+    ReindexCounts counts;
+    try {
+        RemoveIndex(path);
+        if (!Build(place.Root(), path, progress, complaint, counts)) {
+            RemoveIndex(path);
+            return counts;
+        }
+        // What stands beside the old index belongs to it.
+        RemoveIndex(place.Index());
+        fs::rename(path, place.Index());
+    } catch (const fs::filesystem_error& error) {
+        throw ArchiveError(place.Root() + ": " + error.code().message());
+    }
+    return counts;
+}
+
+} // namespace archive

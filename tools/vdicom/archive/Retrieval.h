@@ -1,0 +1,48 @@
+/// @file Retrieval.h
+/// The objects that a C-MOVE or C-GET asks for, one at a time.
+#pragma once
+
+#include "Identifier.h"
+#include "ReaderPool.h"
+#include "Selecting.h"
+
+#include <cstdint>
+
+namespace archive {
+
+struct RetrievedObject {
+    std::string path; ///< of the file, with the archive's folder
+    std::string classUid;
+    std::string instanceUid;
+    std::string transferSyntax;
+    std::uint64_t size = 0; ///< of the file in bytes
+};
+
+/// What a presentation context has to be proposed for.
+struct RetrievedSyntax {
+    std::string classUid;
+    std::string transferSyntax;
+};
+
+class Retrieval {
+public:
+    /// Use StartRetrieval. @throw DatabaseError
+    Retrieval(const Query& query, ReaderPool& pool, std::string folder);
+
+    /// How many objects there are: the number of sub-operations to begin with.
+    std::uint64_t Total() const { return m_total; }
+    /// Each combination of class and transfer syntax among them once.
+    const std::vector<RetrievedSyntax>& Syntaxes() const { return m_syntaxes; }
+    /// @return false when there are no more @throw DatabaseError
+    bool Next(RetrievedObject& object);
+
+private:
+    std::string m_folder;
+    std::vector<RetrievedSyntax> m_syntaxes;
+    std::uint64_t m_total = 0;
+    SelectText m_select;
+    Selection m_selection;
+    bool m_done = false;
+};
+
+} // namespace archive

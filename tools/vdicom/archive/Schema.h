@@ -1,0 +1,18 @@
+/// @file Schema.h
+/// The tables of the index. Their columns are the rows of kAttributes.
+#pragma once
+
+#include "Database.h"
+
+namespace archive {
+
+/// Raised with every change of tables, columns, or what stands in them: an index of another version is refused.
+constexpr int kSchemaVersion = 1;
+
+/// Makes the tables in an empty database.
+void CreateSchema(Database& database);
+
+/// @return empty, or why the database cannot be used as it is, and what to do
+std::string CheckSchema(Database& database);
+
+} // namespace archive
