@@ -9,6 +9,8 @@ packages_build=(
     libcli11-dev     # command line of the program
     libfmt-dev       # output of the program
     rapidjson-dev    # its JSON
+    libsqlite3-dev   # the index of the archive
+    libutf8proc-dev  # names of persons without case and accents
 )
 packages_files=(
     python3-pydicom  # 182 real DICOM files, and a peer that writes DICOM JSON

@@ -11,8 +11,7 @@ bool IsAlphanumeric(char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <=
 char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 bool Is(std::string_view text, std::string_view name) {
-    return std::equal(text.begin(), text.end(), name.begin(), name.end(),
-                      [](char a, char b) { return Upper(a) == b; });
+    return std::equal(text.begin(), text.end(), name.begin(), name.end(), [](char a, char b) { return Upper(a) == b; });
 }
 
 // "NUL" and "nul.txt" are the same device.

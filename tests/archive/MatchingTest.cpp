@@ -31,7 +31,10 @@ constexpr Case kCases[] = {
     {vr::CS, "ct", "CT", kNo},
     {vr::SH, "A12", "A123", kNo},
     {vr::LO, "x", "", kNo},
-    {vr::SH, "Stra\xC3\x9F" "e", "STRASSE", kNo},
+    {vr::SH,
+     "Stra\xC3\x9F"
+     "e",
+     "STRASSE", kNo},
     // Several values, on both sides.
     {vr::CS, "CT\\MR", "MR", kYes},
     {vr::CS, "CT", "PT\\CT", kYes},
@@ -62,7 +65,10 @@ constexpr Case kCases[] = {
     {vr::PN, "Muller^*", "M\xC3\xBCller^J\xC3\xBCrgen", kYes},
     {vr::PN, "M\xC3\x9CLLER*", "Muller^X", kYes},
     {vr::PN, "M\xC3\xBCller*", "Mu\xCC\x88ller^X", kYes}, // the accent as a character of its own
-    {vr::PN, "strasse", "Stra\xC3\x9F" "e", kYes},
+    {vr::PN, "strasse",
+     "Stra\xC3\x9F"
+     "e",
+     kYes},
     {vr::PN, "Yamada^Tarou", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "\xE5\xB1\xB1\xE7\x94\xB0*", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "Tarou*", "Yamada^Tarou=x", kNo},

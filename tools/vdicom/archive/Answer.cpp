@@ -14,9 +14,7 @@ bool IsAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-Answer::Answer(VDicomDS& ds, const std::string& characterSet) : m_ds(ds), m_characterSet(characterSet) {
-    ds.ResetDS();
-}
+Answer::Answer(VDicomDS& ds, const std::string& characterSet) : m_ds(ds), m_characterSet(characterSet) { ds.ResetDS(); }
 
 void Answer::Add(DICOMELEMENT* item, VDicomULong tag, unsigned short vr, std::string_view text) {
     m_entries.push_back({item, tag, vr, text});

@@ -11,17 +11,18 @@ namespace {
 constexpr Level P = Level::patient, T = Level::study, S = Level::series, I = Level::image;
 
 // Distinct values below a study, joined as the values of one element.
-constexpr const char* kModalities =
-    "(SELECT replace(group_concat(DISTINCT Modality), ',', '\\') FROM series WHERE study = study.id AND Modality <> '')";
+constexpr const char* kModalities = "(SELECT replace(group_concat(DISTINCT Modality), ',', '\\') FROM series WHERE "
+                                    "study = study.id AND Modality <> '')";
 constexpr const char* kClasses = "(SELECT replace(group_concat(DISTINCT class), ',', '\\') FROM series_class "
                                  "WHERE series IN (SELECT id FROM series WHERE series.study = study.id))";
 constexpr const char* kStudiesOfPatient = "(SELECT count(*) FROM study AS s WHERE s.patient = patient.id)";
 constexpr const char* kSeriesOfPatient =
     "(SELECT count(*) FROM study AS t JOIN series AS s ON s.study = t.id WHERE t.patient = patient.id)";
-constexpr const char* kInstancesOfPatient =
-    "(SELECT coalesce(sum(s.instances), 0) FROM study AS t JOIN series AS s ON s.study = t.id WHERE t.patient = patient.id)";
+constexpr const char* kInstancesOfPatient = "(SELECT coalesce(sum(s.instances), 0) FROM study AS t JOIN series AS s ON "
+                                            "s.study = t.id WHERE t.patient = patient.id)";
 constexpr const char* kSeriesOfStudy = "(SELECT count(*) FROM series AS s WHERE s.study = study.id)";
-constexpr const char* kInstancesOfStudy = "(SELECT coalesce(sum(s.instances), 0) FROM series AS s WHERE s.study = study.id)";
+constexpr const char* kInstancesOfStudy =
+    "(SELECT coalesce(sum(s.instances), 0) FROM series AS s WHERE s.study = study.id)";
 
 } // namespace
 

@@ -64,6 +64,7 @@ public:
     /// Runs to the end, for statements that give no rows, and makes ready for the next use.
     void Run();
     void Reset() { sqlite3_reset(m_handle); }
+    sqlite3_stmt* Handle() const { return m_handle; }
 
     /// Columns of the row count from 0. The text lives until the next Step or Reset.
     std::string_view Text(int column) const;

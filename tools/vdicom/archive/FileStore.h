@@ -86,12 +86,12 @@ private:
     IndexWriter& m_index;
     bool m_sync;
     std::uint64_t m_counter = 0;
-    std::set<std::string> m_known;         ///< folders that are there
-    std::set<std::string> m_changed;       ///< folders to put onto the disk
-    std::vector<std::string> m_placed;     ///< files committed since the last Flush
-    std::vector<std::string> m_replaced;   ///< files that go when they have been
-    std::set<std::string> m_waiting;       ///< their SOP Instance UIDs
-    std::string m_failure;                 ///< the index has refused something since then, and is of no use until Flush
+    std::set<std::string> m_known;       ///< folders that are there
+    std::set<std::string> m_changed;     ///< folders to put onto the disk
+    std::vector<std::string> m_placed;   ///< files committed since the last Flush
+    std::vector<std::string> m_replaced; ///< files that go when they have been
+    std::set<std::string> m_waiting;     ///< their SOP Instance UIDs
+    std::string m_failure;               ///< the index has refused something since then, and is of no use until Flush
 };
 
 /// The name of an archive's file or folder for a text; a long one is cut, and what is empty is "%none".

@@ -56,9 +56,7 @@ Find::Find(Query query, ReaderPool& pool, std::string retrieveAE)
             m_tested.push_back(i);
 }
 
-std::string_view Find::ValueOf(std::size_t key) const {
-    return m_selection.Rows().Text(static_cast<int>(key));
-}
+std::string_view Find::ValueOf(std::size_t key) const { return m_selection.Rows().Text(static_cast<int>(key)); }
 
 // From the first date at the first time to the last date at the last time.
 bool Find::MatchesDateAndTime(std::size_t date) const {

@@ -67,8 +67,7 @@ public:
     Outcome Read() {
         if (Outcome outcome = FindLevel(); !outcome.IsSuccess())
             return outcome;
-        for (DICOMELEMENT* e = m_ds.GetFirstElement(nullptr, 1, 1); e != nullptr;
-             e = m_ds.GetNextElement(e, 1, 1))
+        for (DICOMELEMENT* e = m_ds.GetFirstElement(nullptr, 1, 1); e != nullptr; e = m_ds.GetNextElement(e, 1, 1))
             if (Outcome outcome = Take(e); !outcome.IsSuccess())
                 return outcome;
         return {};
@@ -119,6 +118,7 @@ private:
         const Attribute* attribute = FindAttribute(e->nTag);
         if (attribute == nullptr || attribute->level > m_query.level) {
             m_query.hasUnsupportedKeys = true;
+            m_query.hasUnsupportedValues = m_query.hasUnsupportedValues || e->nLength != 0;
             return {};
         }
         return TakeKey(e, *attribute);
@@ -176,11 +176,12 @@ Outcome ReadRetrieval(VDicomDS& identifier, const QueryOptions& options, Query& 
         return outcome;
     if (Outcome outcome = reader.CheckUpperKeys(); !outcome.IsSuccess())
         return outcome;
+    if (query.hasUnsupportedValues)
+        return Refuse(status::kDoesNotMatchClass, "only unique keys down to the level may have values");
     for (const QueryKey& key : query.keys) {
         const bool isUnique = key.attribute == &UniqueKeyOf(key.attribute->level);
         if (!isUnique && !key.key.IsUniversal())
-            return Refuse(status::kDoesNotMatchClass,
-                          std::string(key.attribute->column) + " is no key of a retrieval");
+            return Refuse(status::kDoesNotMatchClass, std::string(key.attribute->column) + " is no key of a retrieval");
     }
     const QueryKey* wanted = query.Find(UniqueKeyOf(query.level).tag);
     if (wanted == nullptr || wanted->key.Values().empty())

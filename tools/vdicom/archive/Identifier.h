@@ -39,8 +39,9 @@ struct Query {
     bool combinedDateTime = false;
     bool wantsAvailability = false;
     bool hasUnsupportedKeys = false;
-    std::string characterSet;   ///< (0008,0005) of the request; may be empty
-    std::vector<QueryKey> keys; ///< ascending by tag; the unique keys down to the level are among them
+    bool hasUnsupportedValues = false; ///< one of them has a value
+    std::string characterSet;          ///< (0008,0005) of the request; may be empty
+    std::vector<QueryKey> keys;        ///< ascending by tag; the unique keys down to the level are among them
 
     const QueryKey* Find(VDicomULong tag) const;
 };
@@ -48,7 +49,8 @@ struct Query {
 /// A find request. @return a failure: A900 the level or a unique key is wrong, C000 a value cannot be understood
 Outcome ReadQuery(VDicomDS& identifier, const QueryOptions& options, Query& query);
 
-/// A move or get request. Only unique keys may have values; that of the level asked for may be a list.
+/// A move or get request. Only unique keys may have values, else more would come than was asked for; that of the level
+/// asked for may be a list.
 Outcome ReadRetrieval(VDicomDS& identifier, const QueryOptions& options, Query& query);
 
 } // namespace archive

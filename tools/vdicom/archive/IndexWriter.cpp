@@ -88,17 +88,15 @@ IndexWriter::IndexWriter(Database& database)
       m_find(database, "SELECT file, folder FROM instance JOIN series ON series.id = instance.series "
                        "WHERE SOPInstanceUID = ?1"),
       m_remove(database, "DELETE FROM instance WHERE SOPInstanceUID = ?1 RETURNING series"),
-      m_look{{database, LookSql(Level::patient)},
-             {database, LookSql(Level::study)},
-             {database, LookSql(Level::series)}},
+      m_look{
+          {database, LookSql(Level::patient)}, {database, LookSql(Level::study)}, {database, LookSql(Level::series)}},
       m_insert{{database, InsertSql(Level::patient)},
                {database, InsertSql(Level::study)},
                {database, InsertSql(Level::series)}},
       m_update{{database, UpdateSql(Level::patient)},
                {database, UpdateSql(Level::study)},
                {database, UpdateSql(Level::series)}},
-      m_insertInstance(database, InsertInstanceSql()),
-      m_removeNames(database, "DELETE FROM name WHERE patient = ?1"),
+      m_insertInstance(database, InsertInstanceSql()), m_removeNames(database, "DELETE FROM name WHERE patient = ?1"),
       m_insertName(database, "INSERT OR IGNORE INTO name VALUES (?1, ?2)"),
       m_insertClass(database, "INSERT OR IGNORE INTO series_class VALUES (?1, ?2)"),
       m_refreshClasses(database, "DELETE FROM series_class WHERE series = ?1 AND class NOT IN "
@@ -292,7 +290,8 @@ void IndexWriter::Drop(std::int64_t series) {
     };
     const std::int64_t study = drop("DELETE FROM series WHERE id = ?1 RETURNING study", series);
     const std::int64_t patient = drop("DELETE FROM study WHERE id = ?1 AND NOT EXISTS "
-                                      "(SELECT 1 FROM series WHERE study = ?1) RETURNING patient", study);
+                                      "(SELECT 1 FROM series WHERE study = ?1) RETURNING patient",
+                                      study);
     if (drop("DELETE FROM patient WHERE id = ?1 AND NOT EXISTS (SELECT 1 FROM study WHERE patient = ?1) RETURNING id",
              patient) != 0)
         m_removeNames.BindAll(patient).Run();

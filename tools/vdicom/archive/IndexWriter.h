@@ -58,7 +58,7 @@ private:
     Database& m_database;
     std::vector<const Attribute*> m_columns[kLevels];
     Cache m_cache[3];
-    std::unordered_set<std::string> m_classes; ///< series and class that are known to be there
+    std::unordered_set<std::string> m_classes;             ///< series and class that are known to be there
     std::unordered_map<std::int64_t, std::int64_t> m_more; ///< series: instances since the last Commit
     bool m_open = false;
 

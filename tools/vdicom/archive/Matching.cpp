@@ -62,9 +62,7 @@ SpanParser SpanParserOf(unsigned short code) {
 }
 
 // Texts of these VRs are one value, backslashes and all.
-bool IsOneValue(unsigned short code) {
-    return code == vr::LT || code == vr::ST || code == vr::UT || code == vr::UR;
-}
+bool IsOneValue(unsigned short code) { return code == vr::LT || code == vr::ST || code == vr::UT || code == vr::UR; }
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
@@ -203,9 +201,8 @@ std::string_view Key::Prefix() const {
 bool Key::MatchesText(std::string_view text) const {
     if (m_kind == Kind::text)
         return std::binary_search(m_values.begin(), m_values.end(), text, std::less<>());
-    return std::any_of(m_values.begin(), m_values.end(), [&](const std::string& pattern) {
-        return MatchesWildcard(text, pattern);
-    });
+    return std::any_of(m_values.begin(), m_values.end(),
+                       [&](const std::string& pattern) { return MatchesWildcard(text, pattern); });
 }
 
 bool Key::MatchesValue(std::string_view value) const {

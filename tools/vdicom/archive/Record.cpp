@@ -45,9 +45,7 @@ void Normalise(unsigned short vr, std::string& text) {
         Remove(text, ':');
 }
 
-Outcome Missing(const char* what) {
-    return {status::kUnableToProcess, std::string("the object has no valid ") + what};
-}
+Outcome Missing(const char* what) { return {status::kUnableToProcess, std::string("the object has no valid ") + what}; }
 
 } // namespace
 

@@ -23,7 +23,8 @@ struct FoundFile {
 
 bool IsPrivate(const fs::path& path) { return path.filename() == ".vdicom"; }
 
-// The files below an entry of the archive's folder, which is a patient's usually: the oldest first, as they were stored.
+// The files below an entry of the archive's folder, which is a patient's usually: the oldest first, as they were
+// stored.
 std::vector<FoundFile> FilesBelow(const fs::directory_entry& top, const fs::path& root) {
     std::vector<FoundFile> files;
     const auto add = [&](const fs::directory_entry& entry) {
@@ -63,9 +64,8 @@ public:
 
     /// @return false when the caller asked to stop
     bool Run() {
-        ForEachTop(m_root, [this](const fs::directory_entry& top) {
-            m_counts.total += FilesBelow(top, m_root).size();
-        });
+        ForEachTop(m_root,
+                   [this](const fs::directory_entry& top) { m_counts.total += FilesBelow(top, m_root).size(); });
         bool isGoingOn = true;
         ForEachTop(m_root, [&](const fs::directory_entry& top) {
             for (const FoundFile& file : FilesBelow(top, m_root)) {

@@ -23,7 +23,8 @@ std::string Tables() {
            TableFor(Level::series, "study INTEGER NOT NULL REFERENCES study, folder TEXT NOT NULL, "
                                    "instances INTEGER NOT NULL DEFAULT 0") +
            // file: the path in the archive where it is not the usual one, else empty.
-           TableFor(Level::image, "series INTEGER NOT NULL REFERENCES series, file TEXT NOT NULL, size INTEGER NOT NULL") +
+           TableFor(Level::image,
+                    "series INTEGER NOT NULL REFERENCES series, file TEXT NOT NULL, size INTEGER NOT NULL") +
            // Each component group of a patient's name, folded.
            "CREATE TABLE name (folded TEXT NOT NULL, patient INTEGER NOT NULL, PRIMARY KEY (folded, patient)) "
            "WITHOUT ROWID;"

@@ -131,8 +131,7 @@ std::string FromFor(Level level, bool studyFirst) {
     case Level::study:
         return studyFirst ? From({Level::study, Level::patient}) : From({Level::patient, Level::study});
     case Level::series:
-        return studyFirst ? From({Level::study, Level::patient}) +
-                                " CROSS JOIN series ON series.study = study.id"
+        return studyFirst ? From({Level::study, Level::patient}) + " CROSS JOIN series ON series.study = study.id"
                           : From({Level::patient, Level::study, Level::series});
     case Level::image:
         break;

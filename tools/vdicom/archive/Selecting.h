@@ -1,6 +1,6 @@
 /// @file Selecting.h
 /// The SQL behind a query. It narrows the rows down as far as the indexes of the tables help; what it lets through may
-/// be too much, never too little, and is matched by Key afterwards. Pure but for the statement that it binds to.
+/// be too much, never too little, and is matched by Key afterwards.
 #pragma once
 
 #include "Identifier.h"
