@@ -55,7 +55,8 @@ inline Outcome Receive(Archive& archive, VDicomDS& object, const StoreRequest* r
     VDicomDS data;
     if (Outcome outcome = archive.Store().Begin(request == nullptr ? own : *request, file); !outcome.IsSuccess())
         return outcome;
-    object.SaveDS(&file.Stream(), DICOM_FLAG_BARE | DICOM_TS_EXPLICIT_LITTLE);
+    if (object.SaveDS(&file.Stream(), DICOM_FLAG_BARE | DICOM_TS_EXPLICIT_LITTLE) != DICOM_OK)
+        return {status::kOutOfResources, "the connection cannot write the object"};
     if (data.LoadDS(&file.Stream(), 0, DICOM_TS_EXPLICIT_LITTLE) != DICOM_OK)
         return {1, "the object cannot be loaded"};
     return archive.Store().Commit(file, data);

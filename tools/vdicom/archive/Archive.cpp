@@ -36,13 +36,15 @@ void EmptyFolder(const std::string& folder) {
 
 std::unique_ptr<Database> OpenIndex(const ArchiveFolder& folder, bool sync) {
     const std::string path = folder.Index();
-    const bool isNew = !fs::exists(path);
-    if (isNew && HasFiles(folder.Root()))
-        throw ArchiveError(folder.Root() + ": there are files without an index; make it with 'vdicom serve --reindex'");
-    auto database = std::make_unique<Database>(path, isNew ? Database::Mode::create : Database::Mode::write);
-    // An empty file is what is left where the process was killed while it made the index.
-    if (isNew || database->Number("PRAGMA page_count") == 0)
-        CreateSchema(*database);
+    if (!fs::exists(path)) {
+        if (HasFiles(folder.Root()))
+            throw ArchiveError(folder.Root() +
+                               ": there are files without an index; make it with 'vdicom serve --reindex'");
+        RemoveIndex(folder.NewIndex());
+        CreateSchema(*std::make_unique<Database>(folder.NewIndex(), Database::Mode::create));
+        PutInPlace(folder.NewIndex(), path);
+    }
+    auto database = std::make_unique<Database>(path, Database::Mode::write);
     if (const std::string reason = CheckSchema(*database); !reason.empty())
         throw ArchiveError(path + ": " + reason);
     database->Execute("PRAGMA cache_size = -65536");

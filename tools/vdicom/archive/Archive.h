@@ -43,6 +43,7 @@ public:
 
     const std::string& Root() const { return m_root; }
     std::string Index() const { return m_root + "/.vdicom/index.sqlite"; }
+    std::string NewIndex() const { return Index() + ".new"; }
     std::string Unfinished() const { return m_root + "/.vdicom/unfinished"; }
 
 private:

@@ -48,11 +48,6 @@ template <class Each> void ForEachTop(const std::string& root, Each each) {
             each(entry);
 }
 
-void RemoveIndex(const std::string& path) {
-    for (const char* suffix : {"-wal", "-shm", ""})
-        fs::remove(path + suffix);
-}
-
 /// Fills a new index.
 class Rebuilder {
 public:
@@ -143,7 +138,7 @@ bool Build(const std::string& root, const std::string& path, const ReindexProgre
 
 ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const ReindexComplaint& complaint) {
     const ArchiveFolder place(folder);
-    const std::string path = place.Index() + ".new";
+    const std::string path = place.NewIndex();
     ReindexCounts counts;
     try {
         RemoveIndex(path);
@@ -151,9 +146,7 @@ ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress
             RemoveIndex(path);
             return counts;
         }
-        // What stands beside the old index belongs to it.
-        RemoveIndex(place.Index());
-        fs::rename(path, place.Index());
+        PutInPlace(path, place.Index());
     } catch (const fs::filesystem_error& error) {
         throw ArchiveError(place.Root() + ": " + error.code().message());
     }

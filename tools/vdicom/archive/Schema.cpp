@@ -2,6 +2,8 @@
 
 #include "Attributes.h"
 
+#include <filesystem>
+
 namespace archive {
 
 namespace {
@@ -48,6 +50,16 @@ void CreateSchema(Database& database) {
     const std::string sql = "BEGIN;" + Tables() + "PRAGMA application_id = " + std::to_string(kApplicationId) +
                             "; PRAGMA user_version = " + std::to_string(kSchemaVersion) + "; COMMIT;";
     database.Execute(sql.c_str());
+}
+
+void RemoveIndex(const std::string& path) {
+    for (const char* suffix : {"-wal", "-shm", ""})
+        std::filesystem::remove(path + suffix);
+}
+
+void PutInPlace(const std::string& made, const std::string& place) {
+    RemoveIndex(place);
+    std::filesystem::rename(made, place);
 }
 
 std::string CheckSchema(Database& database) {
