@@ -211,8 +211,9 @@ public:
     /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED (no socket library); DICOM_ERROR_SOCKET_VERSION (it has another
     /// version than 2.0); DICOM_ERROR_MEMORY (the window class could not be registered)
     static unsigned int StartUp();
-    /// Ends what one StartUp started. After the last one no connection may be left.
-    /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED; DICOM_ERROR_SOCKET_CONNECTED (connections are left)
+    /// Ends what one StartUp started.
+    /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED; DICOM_ERROR_SOCKET_CONNECTED (it was the last one and connections are
+    /// left: nothing was ended, close them and call it again)
     static unsigned int ShutDown();
     /// The result code for an error of the socket library: a number of Windows Sockets, or the platform's own.
     /// @return DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET for one that has no code

@@ -144,9 +144,9 @@ void ReadList(VDicomDS& set, ReceivedCommand& out) {
     DICOMELEMENT* e = set.FindFirstElement(nullptr, kAttributes, 1);
     const VDicomULong count = e == nullptr ? 0 : set.GetCountValue(e);
     const VDicomLong* tags = count == 0 ? nullptr : set.GetLongValue(e, 0, count);
+    out.attributeCount = count;
     if (tags == nullptr)
         return;
-    out.attributeCount = count;
     Guarded(0, [&] {
         out.list.assign(tags, tags + count);
         out.attributes = out.list.data();

@@ -61,7 +61,7 @@ unsigned int Connection::MakeWindow(platform::WindowHandle parent) {
     m_receiver.Reset();
     m_queue.Clear();
     m_layer.Close();
-    m_closing = m_unusable = m_writePosted = false;
+    m_closing = m_finished = m_unusable = m_readPosted = m_readMissed = m_writePosted = false;
     for (Clock::time_point& deadline : m_deadlines)
         deadline = {};
     m_window = platform::CreateMessageWindow("VDicomNet", parent);
@@ -302,6 +302,8 @@ void Connection::OnMessage(platform::WindowHandle window, unsigned int message, 
     if (net == nullptr)
         return;
     Connection& connection = Of(*net);
+    if (connection.m_finished)
+        return;
     if (message == platform::kTimerMessage) {
         connection.OnTimer();
     } else if (message == DICOM_NET_MESSAGE && static_cast<platform::SocketHandle>(first) == connection.m_socket) {
@@ -337,6 +339,7 @@ void Connection::OnConnectEvent(int error) {
     }
     Disarm(DICOM_TIMEOUT_CONNECT);
     connected = error == 0;
+    m_finished = error != 0;
     const Watch watch(*this);
     m_net.OnConnect(error);
     if (!watch.Gone() && error != 0)
@@ -352,6 +355,7 @@ void Connection::OnCloseEvent(int error) {
 
 void Connection::FinishClose(int error) {
     connected = false;
+    m_finished = true;
     VDicomNet* server = Server();
     const Watch watch(*this);
     (server != nullptr ? server : &m_net)->OnClose(error, &m_net);
@@ -436,7 +440,8 @@ void Connection::OnTimer() {
         if (which == DICOM_TIMEOUT_IDLE && !IsAssociated())
             continue;
         const Watch watch(*this);
-        if (which == DICOM_TIMEOUT_CONNECT)
+        m_finished = which == DICOM_TIMEOUT_CONNECT;
+        if (m_finished)
             m_net.OnConnect(DICOM_ERROR_TIMEOUT);
         else
             m_net.OnReceive(DICOM_ERROR_TIMEOUT, which, nullptr, 0);

@@ -140,6 +140,7 @@ private:
 
     bool TakeWaiting();
     void Dispatch(const Pdu& pdu);
+    void FailReceiving(unsigned int code);
     void Discard();
     void ShowReceiver();
     void Notify(const ReceivedCommand& command, unsigned char contextId, VDicomDS& set, VDicomDS* data);
@@ -170,11 +171,14 @@ private:
     std::size_t m_address = 0;                        ///< the next one to be tried
     bool m_closing = false;                           ///< the peer has closed; what it sent before is still there
     int m_closeError = 0;
+    bool m_finished = false; ///< its end is being notified; nothing else is told any more
 
     UpperLayer m_layer;
     PduReceiver m_receiver;
     bool m_dispatching = false; ///< a PDU is being notified
     bool m_unusable = false;    ///< what arrives cannot be understood any more
+    bool m_readPosted = false;  ///< a read event that did not come from the socket is under way
+    bool m_readMissed = false;  ///< one came while a PDU was being notified
     ByteSpan m_pdu;             ///< the PDU being notified
     unsigned char m_pduType = 0;
 

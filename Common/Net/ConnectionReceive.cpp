@@ -1,64 +1,80 @@
 #include "Connection.h"
 
+#include <utility>
+
 namespace vdicom {
 
 // The read event. One PDU is notified each time; what has arrived behind it waits for an event that is posted here, so
 // that the other connections of the thread have their turn.
 void Connection::OnReadEvent() {
-    if (m_dispatching) // in a message loop that the application runs while it is notified; looked at afterwards
+    // The socket tells again only when it has been asked; of events posted here it knows nothing.
+    bool asked = std::exchange(m_readPosted, false);
+    if (m_dispatching) { // in a message loop that the application runs while it is notified; looked at afterwards
+        m_readMissed = true;
         return;
-    if (m_unusable && !m_closing)
-        return Discard();
+    }
+    if (m_unusable)
+        return m_closing ? FinishClose(m_closeError) : Discard();
     Pdu pdu;
-    bool received = false;
-    PduRead result = m_unusable ? PduRead::needMore : m_receiver.Next(pdu);
-    if (result == PduRead::needMore && !m_closing) {
-        if (!TakeWaiting())
+    PduRead result = m_receiver.Next(pdu);
+    const Watch watch(*this);
+    if (result == PduRead::needMore) {
+        asked = true;
+        const bool some = TakeWaiting();
+        if (watch.Gone())
             return;
-        received = true;
+        if (!some && m_closing)
+            return FinishClose(m_closeError);
         result = m_receiver.Next(pdu);
     }
-    if (result == PduRead::needMore && m_closing)
-        return FinishClose(m_closeError);
     ShowReceiver();
     if (result == PduRead::needMore) {
-        if (m_receiver.HasBytes() && m_deadlines[DICOM_TIMEOUT_PDU] == Clock::time_point())
+        if (m_receiver.HasBytes() && !m_unusable && m_deadlines[DICOM_TIMEOUT_PDU] == Clock::time_point())
             Arm(DICOM_TIMEOUT_PDU);
-        return;
-    }
-    Disarm(DICOM_TIMEOUT_PDU);
-    const Watch watch(*this);
-    if (result == PduRead::bad) {
+    } else if (result == PduRead::bad) {
+        Disarm(DICOM_TIMEOUT_PDU);
         m_unusable = true;
         m_net.OnReceive(DICOM_ERROR_PDU_LENGTH, *m_receiver.Buffer(), reinterpret_cast<char*>(m_receiver.Buffer()),
                         static_cast<VDicomULong>(m_receiver.Held()));
     } else {
+        Disarm(DICOM_TIMEOUT_PDU);
         Dispatch(pdu);
     }
-    // The socket tells nothing of bytes that are here already, nor when it has told and nothing was received.
-    if (!watch.Gone() && (m_closing || !received || m_receiver.HasBytes()))
-        PostEvent(platform::kReadEvent);
+    if (watch.Gone())
+        return;
+    const bool missed = std::exchange(m_readMissed, false);
+    const bool more = result != PduRead::needMore && m_receiver.HasBytes();
+    if (!m_closing && asked && !missed && !more)
+        return;
+    m_readPosted = PostEvent(platform::kReadEvent);
+    if (!m_readPosted)
+        FailReceiving(DICOM_ERROR_MEMORY);
 }
 
 // Receives what is waiting. False: nothing new, or the application was told of a failure.
 bool Connection::TakeWaiting() {
     const PduReceiver::Space space = m_receiver.Room();
-    std::size_t done = 0;
-    int error = 0;
-    if (space.size != 0)
-        error = platform::ReceiveFrom(m_socket, space.data, space.size, done);
-    if (error == platform::kSocketWouldBlock)
+    if (space.size == 0) {
+        FailReceiving(DICOM_ERROR_MEMORY);
         return false;
-    if (space.size == 0 || error != 0) {
-        m_unusable = true;
-        const unsigned int code = space.size == 0 ? static_cast<unsigned int>(DICOM_ERROR_MEMORY)
-                                                  : VDicomNet::GetError(static_cast<VDicomULong>(error));
-        m_net.OnReceive(static_cast<int>(code), 0, nullptr, 0);
+    }
+    std::size_t done = 0;
+    const int error = platform::ReceiveFrom(m_socket, space.data, space.size, done);
+    if (error != 0) {
+        // What broke a connection that is closing is told with the close.
+        if (error != platform::kSocketWouldBlock && !m_closing)
+            FailReceiving(VDicomNet::GetError(static_cast<VDicomULong>(error)));
         return false;
     }
     m_receiver.Received(done);
     StayAlive();
     return done != 0;
+}
+
+void Connection::FailReceiving(unsigned int code) {
+    m_unusable = true;
+    Discard();
+    m_net.OnReceive(static_cast<int>(code), 0, nullptr, 0);
 }
 
 // Nothing of it can be understood, but its end is to be noticed.

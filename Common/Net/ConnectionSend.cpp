@@ -117,8 +117,8 @@ void Connection::OnWriteEvent() {
     m_writing = true;
     std::size_t total = 0;
     while (!m_queue.IsEmpty()) {
-        if (total >= kMostAtOnce) {
-            m_writePosted = PostEvent(platform::kWriteEvent);
+        if (total >= kMostAtOnce && (m_writePosted || PostEvent(platform::kWriteEvent))) {
+            m_writePosted = true;
             break;
         }
         ByteSpan spans[OutgoingSet::kMostSpans];

@@ -15,7 +15,6 @@ std::mutex& Guard() {
 }
 
 std::atomic<unsigned int> started{0};
-bool registered = false; ///< the window class, which stays while there are connections
 
 constexpr unsigned int kFirstError = 10000; // of Windows Sockets
 
@@ -49,8 +48,7 @@ unsigned int Begin() {
         const unsigned int code = VDicomNet::GetError(static_cast<VDicomULong>(error));
         return code == DICOM_ERROR_SOCKET_VERSION ? code : static_cast<unsigned int>(DICOM_ERROR_SOCKET_NOT_STARTED);
     }
-    registered = registered || platform::RegisterMessageWindows(DICOM_NET_WINDOW_CLASS, &Connection::OnMessage);
-    if (registered)
+    if (platform::RegisterMessageWindows(DICOM_NET_WINDOW_CLASS, &Connection::OnMessage))
         return DICOM_OK;
     platform::StopSockets();
     return DICOM_ERROR_MEMORY;
@@ -72,11 +70,13 @@ unsigned int StopNetwork() {
     const std::lock_guard<std::mutex> lock(Guard());
     if (started == 0)
         return DICOM_ERROR_SOCKET_NOT_STARTED;
-    if (--started != 0)
-        return DICOM_OK;
-    registered = !platform::UnregisterMessageWindows();
-    platform::StopSockets();
-    return registered ? DICOM_ERROR_SOCKET_CONNECTED : DICOM_OK;
+    if (started == 1) {
+        if (!platform::UnregisterMessageWindows())
+            return DICOM_ERROR_SOCKET_CONNECTED;
+        platform::StopSockets();
+    }
+    --started;
+    return DICOM_OK;
 }
 
 bool IsNetworkStarted() { return started != 0; }

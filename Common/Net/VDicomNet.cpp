@@ -5,6 +5,7 @@
 #include "MessageSyntax.h"
 #include "Network.h"
 
+#include <cstddef>
 #include <new>
 #include <utility>
 
@@ -101,10 +102,10 @@ void VDicomNet::SetCallback(const _DICOMNETCALLBACK* callback) {
 void VDicomNet::SetCallbackExt(const _DICOMNETCALLBACKEXT* callback) {
     if (callback == nullptr)
         return;
-    std::size_t size = callback->nSize == _DICOMNETCALLBACKEXT::kSize ? sizeof *callback : callback->nSize;
-    size = std::min(size, sizeof *callback);
-    m_pConnection->callbackExt = {};
-    std::memcpy(&m_pConnection->callbackExt, callback, size);
+    const VDicomULong size = callback->nSize;
+    const bool whole = size == _DICOMNETCALLBACKEXT::kSize || size >= sizeof *callback;
+    const bool first = whole || size >= offsetof(_DICOMNETCALLBACKEXT, OnCreateCTX);
+    m_pConnection->callbackExt = {size, first ? callback->OnSendExt : nullptr, whole ? callback->OnCreateCTX : nullptr};
 }
 
 VDicomULong VDicomNet::SetDebugMode(VDicomULong flags) { return std::exchange(m_pConnection->debugFlags, flags); }

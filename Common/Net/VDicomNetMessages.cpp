@@ -139,6 +139,8 @@ unsigned int VDicomNet::SendNReportResponse(unsigned char id, unsigned short mes
 
 unsigned int VDicomNet::SendNGetRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                         const char* instanceUID, const VDicomULong* attributes, unsigned short count) {
+    if (attributes == nullptr && count != 0)
+        return DICOM_ERROR_PARAMETER;
     CommandValues values;
     values.messageId = messageID;
     values.requestedClass = classUID;

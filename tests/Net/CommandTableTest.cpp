@@ -1,6 +1,7 @@
 // The table of messages against their definition, and every message through building, bytes and reading.
 #include "CommandTable.h"
 #include "HexBytes.h"
+#include "Messages.h"
 
 #include <gtest/gtest.h>
 
@@ -10,33 +11,6 @@ using namespace support;
 using namespace vdicom;
 
 namespace {
-
-// Message, Command Field, Command Data Set Type with a data set, and the elements that it has (PS3.7 9.3, 10.3).
-const char* const kMessages[] = {
-    "C-STORE-RQ 0001 0000 0002 0110 0700 1000 1031",
-    "C-STORE-RSP 8001 0101 0002 0120 0900 1000",
-    "C-FIND-RQ 0020 0102 0002 0110 0700",
-    "C-FIND-RSP 8020 0000 0002 0120 0900",
-    "C-GET-RQ 0010 0102 0002 0110 0700",
-    "C-GET-RSP 8010 0000 0002 0120 0900 1020 1021 1022 1023",
-    "C-MOVE-RQ 0021 0102 0002 0110 0600 0700",
-    "C-MOVE-RSP 8021 0000 0002 0120 0900 1020 1021 1022 1023",
-    "C-CANCEL-RQ 0FFF 0101 0120",
-    "C-ECHO-RQ 0030 0101 0002 0110",
-    "C-ECHO-RSP 8030 0101 0002 0120 0900",
-    "N-EVENT-REPORT-RQ 0100 0000 0002 0110 1000 1002",
-    "N-EVENT-REPORT-RSP 8100 0000 0002 0120 0900 1000 1002",
-    "N-GET-RQ 0110 0101 0003 0110 1001 1005",
-    "N-GET-RSP 8110 0000 0002 0120 0900 1000",
-    "N-SET-RQ 0120 0000 0003 0110 1001",
-    "N-SET-RSP 8120 0000 0002 0120 0900 1000",
-    "N-ACTION-RQ 0130 0000 0003 0110 1001 1008",
-    "N-ACTION-RSP 8130 0000 0002 0120 0900 1000 1008",
-    "N-CREATE-RQ 0140 0000 0002 0110 1000",
-    "N-CREATE-RSP 8140 0000 0002 0120 0900 1000",
-    "N-DELETE-RQ 0150 0101 0003 0110 1001",
-    "N-DELETE-RSP 8150 0101 0002 0120 0900 1000",
-};
 
 constexpr VDicomULong kAttributes[] = {0x00100010, 0x00201209, 0xFFFEE000};
 
