@@ -208,8 +208,8 @@ TEST(ConnectionLife, EveryNotificationMayEndAnything) {
     World::next = nullptr;
     EXPECT_EQ(VDicomNet::ShutDown(), DICOM_OK);
     for (const char* name :
-         {"C OnConnect", "S OnAccept", "S OnClose", "C OnReceive", "C OnReceive with an error", "A OnSend", "C OnSendExt",
-          "A OnReceiveAssociateRequest", "C OnReceiveAssociateAccept", "C OnReject", "A OnReceiveData",
+         {"C OnConnect", "S OnAccept", "S OnClose", "C OnReceive", "C OnReceive with an error", "A OnSend",
+          "C OnSendExt", "A OnReceiveAssociateRequest", "C OnReceiveAssociateAccept", "C OnReject", "A OnReceiveData",
           "A OnReceiveReleaseRequest", "C OnReceiveReleaseResponse", "A OnReceiveAbort", "A OnReceiveCStoreRequest",
           "C OnReceiveCStoreResponse", "A OnReceiveUnknown"})
         EXPECT_EQ(all.count(name), 1u) << name;
@@ -252,8 +252,8 @@ TEST_F(ConnectionTest, ConnectingAgainInNotifications) {
     }
     ASSERT_TRUE(RunUntil([&] { return server.clients.size() == 4; }));
     caller.Close();
-    EXPECT_THAT(caller.log, ElementsAre("connect 35", "connect", "close", "connect", "close", "connect", "close",
-                                        "connect"));
+    EXPECT_THAT(caller.log,
+                ElementsAre("connect 35", "connect", "close", "connect", "close", "connect", "close", "connect"));
 }
 
 /// Runs the message loop inside of notifications.
@@ -308,7 +308,8 @@ TEST(ConnectionLife, ShutDownWaitsForTheLastConnection) {
     ASSERT_EQ(client.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_OK);
     EXPECT_EQ(VDicomNet::ShutDown(), DICOM_OK) << "started twice";
     EXPECT_EQ(VDicomNet::ShutDown(), DICOM_ERROR_SOCKET_CONNECTED);
-    ASSERT_TRUE(RunUntil([&] { return server.clients.size() == 1 && server.clients[0]->Has("request"); })) << "it works";
+    ASSERT_TRUE(RunUntil([&] { return server.clients.size() == 1 && server.clients[0]->Has("request"); }))
+        << "it works";
     client.Close();
     server.Close();
     EXPECT_EQ(VDicomNet::ShutDown(), DICOM_OK);

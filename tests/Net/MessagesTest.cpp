@@ -279,7 +279,7 @@ TEST_F(MessagesTest, CallbackTables) {
     const std::string both = "OnSendExt p|OnCreateCTX p|";
     for (const auto& [size, called] :
          std::vector<std::pair<std::size_t, std::string>>{{4, ""},
-                                                           {offsetof(_DICOMNETCALLBACKEXT, OnCreateCTX), "OnSendExt p|"},
+                                                          {offsetof(_DICOMNETCALLBACKEXT, OnCreateCTX), "OnSendExt p|"},
                                                           {12, both},
                                                           {sizeof ext, both},
                                                           {1000, both}}) {
