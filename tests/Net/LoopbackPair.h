@@ -132,6 +132,7 @@ public:
         return code;
     }
     void OnAccept(int) override {
+        ++accepted;
         auto client = std::make_unique<Client>();
         if (Accept(client.get()) == DICOM_OK)
             clients.push_back(std::move(client));
@@ -143,6 +144,7 @@ public:
     }
 
     unsigned int port = 0;
+    std::size_t accepted = 0;
     int closed = 0;
     int lastError = 0;
     VDicomNet* last = nullptr;
