@@ -7,7 +7,6 @@
 namespace archive {
 
 namespace fs = std::filesystem;
-namespace vr = vdicom::vr;
 
 namespace {
 

@@ -10,7 +10,7 @@ namespace vr = vdicom::vr;
 
 namespace {
 
-constexpr int kRowsAtOnce = 4096; // about a millisecond
+constexpr int kRowsAtOnce = 512; // about a millisecond
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 // The attribute that holds the time of a date; 0: none.
