@@ -10,5 +10,8 @@ int RunEdit(int count, const char* const* arguments);
 int RunNew(int count, const char* const* arguments);
 int RunCheck(int count, const char* const* arguments);
 int RunDict(int count, const char* const* arguments);
+int RunEcho(int count, const char* const* arguments);
+int RunStore(int count, const char* const* arguments);
+int RunFind(int count, const char* const* arguments);
 
 } // namespace program

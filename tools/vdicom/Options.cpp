@@ -89,6 +89,10 @@ void Options::Choice(const char* names, std::string& value, const std::vector<st
         ->type_name(placeholder);
 }
 
+void Options::Argument(const char* name, std::string& value, const char* help) {
+    m_parser->app.add_option(name, value, help)->required()->type_name("");
+}
+
 void Options::Arguments(const char* name, std::vector<std::string>& values, std::size_t atLeast, const char* help) {
     m_parser->arguments = m_parser->app.add_option(name, values, help)->type_name("");
     if (atLeast > 0)
@@ -122,7 +126,7 @@ std::vector<Options::Occurrence> Options::InOrder() const {
     std::vector<Occurrence> found;
     std::map<const CLI::Option*, std::size_t> seen;
     for (const CLI::Option* option : m_parser->app.parse_order()) {
-        if (option == m_parser->arguments)
+        if (option->get_positional())
             continue;
         const std::size_t number = seen[option]++;
         if (number < option->results().size())

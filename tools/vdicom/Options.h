@@ -35,6 +35,8 @@ public:
     void Texts(const char* names, std::vector<std::string>& values, const char* placeholder, const char* help);
     void Number(const char* names, std::uint64_t& value, const char* placeholder, const char* help);
     void Choice(const char* names, std::string& value, const std::vector<std::string>& choices, const char* help);
+    /// An argument that is no option and must be there; they come in this order, before those of Arguments.
+    void Argument(const char* name, std::string& value, const char* help);
     /// The arguments that are no options.
     void Arguments(const char* name, std::vector<std::string>& values, std::size_t atLeast, const char* help);
 

@@ -28,14 +28,19 @@ Progress::~Progress() {
     Hide();
 }
 
-void Progress::Done(std::uint64_t count) {
+void Progress::Pieces(std::string_view what, std::uint64_t total) {
+    m_piece = what;
+    m_pieces = total;
+}
+
+void Progress::Done(std::uint64_t count, std::uint64_t pieces) {
     if (!m_active)
         return;
     const Clock::time_point now = Clock::now();
     if (now < m_next)
         return;
     m_next = now + kAgain;
-    Draw(count);
+    Draw(count, pieces);
 }
 
 void Progress::Hide() {
@@ -44,15 +49,17 @@ void Progress::Hide() {
     m_shown = false;
 }
 
-void Progress::Draw(std::uint64_t count) {
+void Progress::Draw(std::uint64_t count, std::uint64_t pieces) {
     const std::chrono::duration<double> spent = Clock::now() - m_start;
     std::string line = "\r\033[K";
     if (m_total > 0) {
         const std::size_t width = 30;
         const auto filled = static_cast<std::size_t>(static_cast<double>(std::min(count, m_total)) /
                                                      static_cast<double>(m_total) * static_cast<double>(width));
-        line += fmt::format("[{}{}] {} of {} {}", std::string(filled, '#'), std::string(width - filled, '.'),
-                            count / m_unit, m_total / m_unit, m_what);
+        line += fmt::format("[{}{}] ", std::string(filled, '#'), std::string(width - filled, '.'));
+        if (!m_piece.empty())
+            line += fmt::format("{} of {} {}, ", pieces, m_pieces, m_piece);
+        line += fmt::format("{} of {} {}", count / m_unit, m_total / m_unit, m_what);
         if (m_unit > 1)
             line += fmt::format(", {:.0f} {}/s",
                                 static_cast<double>(count) / static_cast<double>(m_unit) / spent.count(), m_what);

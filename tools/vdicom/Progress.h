@@ -17,18 +17,23 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
+    /// Shows a second number in front: how many of `total` pieces are done.
+    void Pieces(std::string_view what, std::uint64_t total);
+
     /// Says how much is done. Cheap: the line is drawn ten times a second at most.
-    void Done(std::uint64_t count);
+    void Done(std::uint64_t count, std::uint64_t pieces = 0);
     /// Takes the line away until the next Done.
     void Hide();
 
 private:
-    void Draw(std::uint64_t count);
+    void Draw(std::uint64_t count, std::uint64_t pieces);
 
     using Clock = std::chrono::steady_clock;
     std::string_view m_what;
     std::uint64_t m_total;
     std::uint64_t m_unit;
+    std::string_view m_piece; ///< empty: there is no second number
+    std::uint64_t m_pieces = 0;
     Progress* m_outer; ///< the one whose line this one's takes
     bool m_active;
     bool m_shown = false;

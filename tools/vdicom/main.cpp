@@ -29,6 +29,9 @@ constexpr Command kCommands[] = {
     {"new", "vdicom new", "make an object of a class", RunNew},
     {"check", "vdicom check", "tell where files break the standard's rules", RunCheck},
     {"dict", "vdicom dict", "look attributes, value representations and UIDs up", RunDict},
+    {"echo", "vdicom echo", "ask a peer whether it answers", RunEcho},
+    {"store", "vdicom store", "send files to a peer", RunStore},
+    {"find", "vdicom find", "ask a peer what it has", RunFind},
 };
 
 int ShowHelp() {
