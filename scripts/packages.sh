@@ -21,7 +21,8 @@ packages_tests=(
     libbenchmark-dev # benchmarks, built with the release preset
     pkg-config       # the test of the installed library
     python3          # the layering test
-    dcmtk            # peers: dcmdump, dcmconv, dcm2json
+    dcmtk            # peers: dcmdump, dcmconv, dcm2json; storescp, dcmqrscp, wlmscpfs
+    orthanc          # peer: an archive
     libgdcm-tools    # peers: gdcmdump, gdcmscanner, gdcmconv
     dicom3tools      # peer: dciodvfy
     doxygen          # API reference without warnings

@@ -7,7 +7,7 @@ import sys
 
 from support import contains, equal, image, main, run
 
-COMMANDS = ("dump", "convert", "edit", "check", "new", "dict")
+COMMANDS = ("dump", "convert", "edit", "check", "new", "dict", "echo", "store", "find", "get", "move")
 SOURCE = os.environ["VDICOM_SOURCE"]
 
 
@@ -38,6 +38,18 @@ def test_wrong_usage_is_2_and_says_where_help_is(folder):
                       ("new", "out"), ("new", "--class", "1"), ("new", "--class", "", "out"), ("new", "--class", "1", "-", "--json"),
                       ("new", "--class", "no such", "out"), ("new", "--class", "1", "a", "b"),
                       ("new", "--class", "1", "--set", "Nonsense=1", "out"),
+                      ("echo",), ("echo", "localhost"), ("echo", "localhost", "0"), ("echo", "localhost", "x"), ("echo", "", "104"),
+                      ("echo", "h", "1", "--called", ""), ("echo", "h", "1", "--calling", "seventeen letters"),
+                      ("echo", "h", "1", "--max-pdu", "1023"), ("echo", "h", "1", "--repeat", "0"), ("store", "h", "1"),
+                      ("echo", "h", "1", "--timeout", "-1"), ("store", "h", "1", path, "--repeat", "0"),
+                      ("find", "h", "1", "-k", "Nonsense"), ("find", "h", "1", "--level", "frame"), ("find", "h", "1", "--limit", "0"),
+                      ("find", "h", "1", "--level", "worklist", "--model", "study"),
+                      ("get", "h", "1", "-k", "StudyInstanceUID=1.2"), ("get", "h", "1", "--to", "out"),
+                      ("get", "h", "1", "--to", "out", "-k", "StudyInstanceUID=1.2", "--class", "Nonsense"),
+                      ("move", "h", "1", "-k", "StudyInstanceUID=1.2"),
+                      ("move", "h", "1", "-k", "StudyInstanceUID=1.2", "--to", "out"),
+                      ("move", "h", "1", "-k", "StudyInstanceUID=1.2", "--destination", "X", "--listen", "1"),
+                      ("move", "h", "1", "-k", "StudyInstanceUID=1.2", "--to", "out", "--listen", "70000"),
                       ("dict", "nonsense", "x"), ("dump", "help", "--json=x", path)):
         result = run(*arguments, status=2, cwd=folder.path)
         equal(result.out, "", arguments)

@@ -3,7 +3,7 @@ _vdicom() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new check dict help --help --version' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new check dict echo store find get move help --help --version' -- "$current")
         return
     fi
     local options='' choices=''
@@ -16,11 +16,19 @@ _vdicom() {
     check) options='--json --severity --class --recursive --help' ;;
     new) options='--class --set --no-optional --json --help' ;;
     dict) options='--json --help' ;;
-    help) choices='dump convert edit new check dict' ;;
+    echo) options='--called --calling --max-pdu --timeout --repeat --json --help' ;;
+    store) options='--called --calling --max-pdu --timeout --repeat --retry --json --help' ;;
+    find) options='--called --calling --max-pdu --timeout --key --level --model --only-keys --limit --json --help' ;;
+    get) options='--called --calling --max-pdu --timeout --key --level --model --to --class --overwrite --json --help' ;;
+    move)
+        options='--called --calling --max-pdu --timeout --key --level --model --destination --to --listen --overwrite --json --help'
+        ;;
+    help) choices='dump convert edit new check dict echo store find get move' ;;
     esac
     case $command:$previous in
     dump:--color) choices='auto always never' ;;
-    dump:--tag | dump:-t | edit:--set | edit:-s | new:--set | new:-s | edit:--delete | edit:-d)
+    dump:--tag | dump:-t | edit:--set | edit:-s | new:--set | new:-s | edit:--delete | edit:-d | \
+        find:--key | find:-k | get:--key | get:-k | move:--key | move:-k)
         choices='PatientName PatientID PatientBirthDate PatientSex StudyInstanceUID SeriesInstanceUID SOPInstanceUID
             SOPClassUID StudyDate StudyDescription SeriesDescription Modality AccessionNumber InstitutionName'
         ;;
@@ -29,7 +37,12 @@ _vdicom() {
     dump:--depth | dump:-d | dump:--bulk-limit) return ;;
     new:--class | new:-c) return ;;
     convert:--to | convert:-t) choices='implicit explicit big deflated' ;;
-    convert:--output | convert:-o)
+    find:--level | find:-l) choices='patient study series image worklist' ;;
+    get:--level | get:-l | move:--level | move:-l) choices='patient study series image' ;;
+    find:--model | get:--model | move:--model) choices='patient study' ;;
+    *:--called | *:--calling | *:--max-pdu | *:--timeout | *:--repeat | *:--retry | *:--limit | *:--listen) return ;;
+    *:--destination | get:--class | get:-c | move:-d | echo:-n | store:-n) return ;;
+    convert:--output | convert:-o | get:--to | get:-o | move:--to | move:-o)
         compopt -o filenames
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
         return

@@ -13,5 +13,7 @@ int RunDict(int count, const char* const* arguments);
 int RunEcho(int count, const char* const* arguments);
 int RunStore(int count, const char* const* arguments);
 int RunFind(int count, const char* const* arguments);
+int RunGet(int count, const char* const* arguments);
+int RunMove(int count, const char* const* arguments);
 
 } // namespace program

@@ -32,6 +32,8 @@ constexpr Command kCommands[] = {
     {"echo", "vdicom echo", "ask a peer whether it answers", RunEcho},
     {"store", "vdicom store", "send files to a peer", RunStore},
     {"find", "vdicom find", "ask a peer what it has", RunFind},
+    {"get", "vdicom get", "fetch objects of a peer", RunGet},
+    {"move", "vdicom move", "have a peer send objects elsewhere, or here", RunMove},
 };
 
 int ShowHelp() {

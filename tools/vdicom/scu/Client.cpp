@@ -40,6 +40,8 @@ Client::Client(const Peer& peer) : VDicomNet(nullptr, static_cast<VDicomLong>(DI
          {DICOM_TIMEOUT_CONNECT, DICOM_TIMEOUT_ASSOCIATE, DICOM_TIMEOUT_PDU, DICOM_TIMEOUT_IDLE, DICOM_TIMEOUT_RELEASE})
         SetTimeout(which, peer.timeout);
     SetTimeout(DICOM_TIMEOUT_CLOSE, kCloseTimeout);
+    // The system's own buffers grow with the connection; small ones wait for acknowledgements of the peer.
+    SetSocketBuffers(0, 0);
     SetLargestPDU(std::max(peer.maxPdu, kLargestOtherPdu));
 }
 

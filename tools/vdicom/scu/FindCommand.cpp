@@ -8,6 +8,7 @@
 #include "Progress.h"
 #include "TextDump.h"
 #include "VisibleText.h"
+#include "Vr.h"
 #include "scu/Interrupt.h"
 #include "scu/QueryClient.h"
 
@@ -80,6 +81,12 @@ public:
         if (const unsigned int code = m_match.CopyDS(nullptr, data, nullptr); code != DICOM_OK) {
             Fail(GetErrorText(code));
             return;
+        }
+        // The connection's notes on the data set, and no part of what the peer sent.
+        while (DICOMELEMENT* e = m_match.GetFirstElement(nullptr, 1, 1)) {
+            if (!IsMeta(e->nTag))
+                break;
+            m_match.DeleteElement(e);
         }
         ++m_matches;
         Show();

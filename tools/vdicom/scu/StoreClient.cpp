@@ -6,6 +6,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace program {
 
 namespace {
@@ -90,6 +92,10 @@ std::string StoreClient::RefusalOf(const ObjectKind& kind) {
         if (context.classUid == kind.classUid && context.syntaxes.front() == kind.syntaxUid)
             result = GetAssociate()->GetResult(context.id);
     }
+    // Some peers refuse every context for the class's sake, though they took it in another syntax.
+    const auto sameClass = [&kind](const StoreContext& context) { return context.classUid == kind.classUid; };
+    if (std::any_of(m_accepted.begin(), m_accepted.end(), sameClass))
+        result = DICOM_PRESENTATION_TRANSFER_SYNTAXES;
     std::string sentence = fmt::format("{} in {} is not accepted: {}", NameOrUid(kind.classUid),
                                        NameOrUid(kind.syntaxUid), ContextText(result));
     if (result == DICOM_PRESENTATION_TRANSFER_SYNTAXES && !IsUncompressed(kind.syntaxUid))

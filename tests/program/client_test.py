@@ -1,0 +1,284 @@
+"""echo, store, find, get and move against peers that misbehave: each gets a sentence, and nothing hangs."""
+import contextlib
+import os
+import re
+import signal
+import socket
+import struct
+import subprocess
+import sys
+import threading
+import time
+
+from support import BIG, IMPLICIT, PROGRAM, contains, element, equal, image, main, part10, run
+
+CT, VERIFICATION = "1.2.840.10008.5.1.4.1.1.2", "1.2.840.10008.1.1"
+ABORT, RELEASED = b"\7\0\0\0\0\4\0\0\2\1", b"\6\0\0\0\0\4\0\0\0\0"
+
+
+@contextlib.contextmanager
+def peer(*talks):
+    """Listens; each connection is handed to the next talk, the last of them to all that follow."""
+    server = socket.create_server(("127.0.0.1", 0))
+    left = list(talks)
+    failures = []
+
+    def serve():
+        while True:
+            try:
+                connection, _ = server.accept()
+            except OSError:
+                return
+            connection.settimeout(20)
+            try:
+                (left.pop(0) if len(left) > 1 else left[0])(connection)
+            except (OSError, EOFError):
+                pass
+            except Exception as failure:  # told by the test's own thread
+                failures.append(failure)
+            connection.close()
+
+    thread = threading.Thread(target=serve, daemon=True)
+    thread.start()
+    yield str(server.getsockname()[1])
+    server.shutdown(socket.SHUT_RDWR)
+    server.close()
+    thread.join(20)
+    if failures:
+        raise failures[0]
+
+
+def receive(connection):
+    """One PDU: type and content."""
+    content = b""
+    while len(content) < 6:
+        piece = connection.recv(6 - len(content))
+        if not piece:
+            raise EOFError
+        content += piece
+    kind, length = content[0], struct.unpack(">I", content[2:])[0]
+    body = b""
+    while len(body) < length:
+        piece = connection.recv(min(length - len(body), 1 << 20))
+        if not piece:
+            raise EOFError
+        body += piece
+    return kind, body
+
+
+def sub_item(kind, content):
+    return struct.pack(">BBH", kind, 0, len(content)) + content
+
+
+def contexts_of(request):
+    """The contexts of an A-ASSOCIATE-RQ: ID, abstract syntax, transfer syntaxes."""
+    found, at = [], 68
+    while at < len(request):
+        kind, length = request[at], struct.unpack(">H", request[at + 2:at + 4])[0]
+        if kind == 0x20:
+            body, texts, inner = request[at + 4:at + 4 + length], [], 4
+            while inner < length:
+                size = struct.unpack(">H", body[inner + 2:inner + 4])[0]
+                texts.append(body[inner + 4:inner + 4 + size].decode())
+                inner += 4 + size
+            found.append((body[0], texts[0], texts[1:]))
+        at += 4 + length
+    return found
+
+
+def accept(connection, takes=lambda abstract, syntaxes: syntaxes[0], limit=16384):
+    """Answers an association request; `takes` gives the transfer syntax, or None. Returns what was accepted."""
+    kind, request = receive(connection)
+    equal(kind, 1)
+    items, accepted = sub_item(0x10, b"1.2.840.10008.3.1.1.1"), {}
+    for number, abstract, syntaxes in contexts_of(request):
+        syntax = takes(abstract, syntaxes)
+        if syntax:
+            accepted[number] = (abstract, syntax)
+        items += sub_item(0x21, bytes([number, 0, 0 if syntax else 4, 0]) + sub_item(0x40, (syntax or syntaxes[0]).encode()))
+    items += sub_item(0x50, sub_item(0x51, struct.pack(">I", limit)))
+    body = request[:68] + items
+    connection.sendall(struct.pack(">BBI", 2, 0, len(body)) + body)
+    return accepted
+
+
+def message(connection):
+    """One DIMSE message: context, command as a dictionary, bytes of the data set, largest PDU; None: released."""
+    parts, largest = {1: b"", 0: b""}, 0
+    wanted = 1
+    while True:
+        kind, body = receive(connection)
+        if kind == 5:
+            connection.sendall(RELEASED)
+            return None
+        equal(kind, 4)
+        largest = max(largest, len(body))
+        number, control = body[4], body[5]
+        parts[control & 1] += body[6:]
+        if not control & 2:
+            continue
+        if control & 1:
+            command, at, data = {}, 0, parts[1]
+            while at < len(data):
+                group, name, size = struct.unpack("<HHI", data[at:at + 8])
+                command[name] = data[at + 8:at + 8 + size]
+                at += 8 + size
+            if struct.unpack("<H", command[0x0800])[0] != 0x0101:
+                wanted = 0
+        if control & 1 == wanted:
+            return number, command, parts[0], largest
+
+
+def respond(connection, context, command, status, extra=b"", data=None):
+    """The response to a request; `extra` elements stand at the end."""
+    field = struct.unpack("<H", command[0x0100])[0]
+    body = b"".join(element(0x00000000 | name, "", struct.pack("<H", value), implicit=True) for name, value in (
+        (0x0100, field | 0x8000), (0x0120, struct.unpack("<H", command[0x0110])[0]), (0x0800, 0x0101 if data is None else 1),
+        (0x0900, status))) + extra
+    body = element(0, "", struct.pack("<I", len(body)), implicit=True) + body
+    for control, part in ((3, body), (2, data)):
+        if part is not None:
+            pdv = struct.pack(">IBB", len(part) + 2, context, control) + part
+            connection.sendall(struct.pack(">BBI", 4, 0, len(pdv)) + pdv)
+
+
+def echo(port, *arguments, status=1):
+    return run("echo", "127.0.0.1", port, *arguments, status=status).err
+
+
+def closed_port():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        return str(probe.getsockname()[1])
+
+
+def test_no_connection(_):
+    contains(echo(closed_port()), "check host and port")
+    contains(run("echo", "no.such.host.invalid", "104", status=1).err, "check the host's name")
+    result = run("echo", "127.0.0.1", closed_port(), "--json", status=1).json()
+    contains(result["error"], "no connection")
+
+
+def test_peers_that_are_no_dicom_peers(_):
+    talks = {
+        "is it a DICOM port": lambda c: c.recv(1) and time.sleep(3),
+        "closed the connection before": lambda c: receive(c),
+        "cannot be understood|no DICOM|closed the connection": lambda c: receive(c) and c.sendall(b"HTTP/1.1 400 Bad Request\r\n\r\n"),
+        "does not have the called AE title": lambda c: receive(c) and c.sendall(b"\3\0\0\0\0\4\0\1\1\7"),
+        "busy": lambda c: receive(c) and c.sendall(b"\3\0\0\0\0\4\0\2\3\1"),
+        "protocol machine aborted": lambda c: receive(c) and c.sendall(ABORT),
+        "began a PDU|nothing went": lambda c: accept(c) and message(c) and c.sendall(b"\4\0\0\0\1") or time.sleep(3),
+        "was not accepted": lambda c: accept(c, lambda *_: None) and receive(c),
+        "not with success: status 0122": lambda c: accept(c) and respond(c, *message(c)[:2], 0x0122) or receive(c),
+        "nothing went either way": lambda c: accept(c) and message(c) and time.sleep(3),
+        "released the association": lambda c: accept(c) and message(c) and c.sendall(b"\5\0\0\0\0\4\0\0\0\0") or receive(c),
+    }
+    for wanted, talk in talks.items():
+        with peer(talk) as port:
+            begin = time.monotonic()
+            error = echo(port, "--timeout", "1")
+            assert re.search(wanted, error), (wanted, error)
+            assert time.monotonic() - begin < 10, wanted
+
+
+def test_files_are_encoded_as_the_peer_takes_them(folder):
+    paths = [folder.write("implicit.dcm", part10(
+        element(0x00080016, "UI", CT, implicit=True) + element(0x00080018, "UI", "1.2.7", implicit=True), IMPLICIT)),
+             folder.write("big.dcm", part10(element(0x00080016, "UI", CT, big=True) +
+                                            element(0x00080018, "UI", "1.2.8", big=True), BIG)),
+             folder.write("deep/jpeg.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", "1.2.9"),
+                                                  "1.2.840.10008.1.2.4.50")),
+             folder.write("deep/notes.txt", b"no DICOM at all, but a text that is long enough to be looked at\n" * 9)]
+    seen = []
+
+    def talk(connection):
+        accepted = accept(connection, lambda _, syntaxes: IMPLICIT if IMPLICIT in syntaxes else None, limit=1024)
+        while (got := message(connection)) is not None:
+            context, command, data, largest = got
+            seen.append((accepted[context], data[8:8 + len(CT) + 1].rstrip(b"\0").decode(), largest <= 1024))
+            respond(connection, context, command, 0xB007 if seen[1:] else 0)
+
+    with peer(talk) as port:
+        result = run("store", "127.0.0.1", port, "--json", *paths[:2], folder("deep"), status=1).json()
+    equal(seen, [((CT, IMPLICIT), CT, True)] * 2)
+    equal((result["stored"], result["warnings"], result["failed"], result["passedOver"], result["associations"]), (2, 1, 1, 1, 1))
+    problems = {problem["result"]: problem["text"] for problem in result["problems"]}
+    equal(sorted(problems), ["failed", "warning"])
+    contains(problems["failed"], "decompress the file")
+
+
+def test_a_lost_connection_tells_what_is_stored_and_is_made_again_when_told_so(folder):
+    for i in range(5):
+        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}")))
+
+    def talk(connection, answers=2):
+        accept(connection)
+        for _ in range(answers):
+            got = message(connection)
+            if got is None:
+                return
+            respond(connection, *got[:2], 0)
+        message(connection)
+
+    with peer(talk, lambda c: None) as port:
+        result = run("store", "127.0.0.1", port, folder("in"), status=1)
+        contains(result.out, "stored 2 files")
+        contains(result.out, "3 not sent")
+        equal(re.findall(r"(\d)\.dcm: not sent", result.err), ["2", "3", "4"])
+    with peer(talk) as port:
+        result = run("store", "127.0.0.1", port, "--retry", "1", "--json", folder("in")).json()
+        equal((result["stored"], result["notSent"], result["associations"]), (5, 0, 3))
+
+
+def test_matches_are_cut_behind_the_limit_and_control_characters_stay_off_the_terminal(_):
+    seen = []
+
+    def talk(connection):
+        accept(connection)
+        context, command, _, _ = message(connection)
+        for i in range(3):
+            respond(connection, context, command, 0xFF00, data=element(0x00100020, "LO", f"{i}\x1b[2J"))
+        seen.append(struct.unpack("<H", message(connection)[1][0x0100])[0])
+        respond(connection, context, command, 0xFE00)
+        message(connection)
+
+    with peer(talk) as port:
+        result = run("find", "127.0.0.1", port, "--limit", "2", "--json")
+        equal([match["00100020"]["Value"][0][0] for match in result.json()], ["0", "1"])
+        contains(result.err, "more matches")
+        assert "\x1b" not in run("find", "127.0.0.1", port, "--limit", "2").out
+    equal(seen, [0x0FFF] * 2)
+
+
+def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
+    path = folder.write("a.dcm", image())
+    seen = []
+
+    def query(connection):
+        accept(connection)
+        message(connection)
+        os.kill(process.pid, signal.SIGINT)
+        context, command, _, _ = message(connection)
+        seen.append(struct.unpack("<H", command[0x0100])[0])
+        command = {0x0100: struct.pack("<H", 0x0020), 0x0110: command[0x0120]}
+        respond(connection, context, command, 0xFE00)
+        message(connection)
+
+    def store(connection):
+        accept(connection)
+        message(connection)
+        os.kill(process.pid, signal.SIGINT)
+        seen.append(receive(connection)[0])
+
+    for talk, arguments in ((query, ("find",)), (store, ("store",))):
+        with peer(talk) as port:
+            files = [path] if talk is store else []
+            with subprocess.Popen([PROGRAM, *arguments, "127.0.0.1", port, *files], stdout=subprocess.PIPE,
+                                  stderr=subprocess.PIPE, text=True) as process:
+                _, error = process.communicate(timeout=30)
+            equal(process.returncode, 1)
+            contains(error, "interrupted")
+    equal(seen, [0x0FFF, 7])
+
+
+main(sys.modules[__name__])

@@ -1,0 +1,73 @@
+/// @file ObjectFolder.h
+/// Received objects on their way into the files of a folder.
+#pragma once
+
+#include "VDicomDS.h"
+
+#include <cstdint>
+#include <string>
+
+namespace program {
+
+/// Preamble and group 0002 (PS3.10 7.1) of a file whose data set is encoded as `syntaxUid` says.
+std::string FileMeta(const std::string& classUid, const std::string& instanceUid, const std::string& syntaxUid,
+                     const std::string& sourceTitle);
+
+/// The folder, and what has come into it. Files are named by their SOP Instance UID.
+class ObjectFolder {
+public:
+    ObjectFolder(std::string path, bool overwrite);
+
+    /// Makes the folder where it is missing. @return what is wrong; empty: nothing
+    std::string Prepare();
+
+    std::uint64_t CountWritten() const { return m_written; }
+    std::uint64_t CountKept() const { return m_kept; }
+    std::uint64_t CountFailed() const { return m_failed; }
+    std::uint64_t CountBytes() const { return m_bytes; }
+
+private:
+    friend class IncomingObject;
+
+    std::string PathOf(const std::string& name) const;
+    std::string NewPart();
+
+    std::string m_path;
+    bool m_overwrite;
+    std::string m_tag; ///< in the names of unfinished files: another process may use the folder
+    std::uint64_t m_parts = 0;
+    std::uint64_t m_written = 0;
+    std::uint64_t m_kept = 0;
+    std::uint64_t m_failed = 0;
+    std::uint64_t m_bytes = 0;
+};
+
+/// One object that a connection receives: bytes go into an unfinished file as they arrive, which takes its name when it
+/// is whole, and is gone when something goes wrong.
+class IncomingObject {
+public:
+    explicit IncomingObject(ObjectFolder& folder) : m_folder(folder) {}
+    ~IncomingObject() { Drop(); }
+    IncomingObject(const IncomingObject&) = delete;
+    IncomingObject& operator=(const IncomingObject&) = delete;
+
+    /// Where the data set goes that a C-STORE request has announced; null: there is no such file, and Finish tells the
+    /// status. @param syntaxUid transfer syntax of its context; may be null
+    VDicomFile* Begin(VDicomDS& command, const char* syntaxUid, const std::string& sourceTitle);
+    /// The object is here. @param data null: the message had none @return the status for the response
+    unsigned short Finish(VDicomDS* data);
+    /// It will not come; nothing is left.
+    void Drop();
+
+private:
+    unsigned short Refuse(unsigned short status, const std::string& sentence);
+    unsigned short Keep();
+
+    ObjectFolder& m_folder;
+    VDicomFile m_file;
+    std::string m_part;
+    std::string m_instanceUid;
+    unsigned short m_refusal = 0;
+};
+
+} // namespace program
