@@ -207,6 +207,24 @@ def test_files_are_encoded_as_the_peer_takes_them(folder):
     contains(problems["failed"], "decompress the file")
 
 
+def test_more_contexts_than_an_association_has_take_several(folder):
+    for i in range(130):
+        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", f"1.2.3.{i}") + element(0x00080018, "UI", f"1.2.{i}")))
+    seen = []
+
+    def talk(connection):
+        accepted = accept(connection)
+        assert len(accepted) <= 128
+        while (got := message(connection)) is not None:
+            equal(accepted[got[0]][0], got[1][2].rstrip(b"\0").decode())
+            seen.append(accepted[got[0]])
+            respond(connection, *got[:2], 0)
+
+    with peer(talk) as port:
+        result = run("store", "127.0.0.1", port, "--json", "--repeat", "2", folder("in")).json()
+    equal((result["stored"], result["associations"], len(seen), len(set(seen))), (260, 3, 260, 130))
+
+
 def test_a_lost_connection_tells_what_is_stored_and_is_made_again_when_told_so(folder):
     for i in range(5):
         folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}")))

@@ -19,6 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr VDicomULong kAffectedClass = 0x00000002, kAffectedInstance = 0x00001000, kSopInstance = 0x00080018;
+constexpr std::size_t kLongestName = 256;
 // PS3.4 B.2.3: out of resources, another object than announced; PS3.7 C.5.12: no SOP Instance UID.
 constexpr unsigned short kOutOfResources = 0xA700, kMismatch = 0xA900, kInvalidInstance = 0x0117;
 
@@ -134,7 +135,9 @@ unsigned short IncomingObject::Finish(VDicomDS* data) {
 
 // Gives the file its name.
 unsigned short IncomingObject::Keep() {
-    const std::string path = m_folder.PathOf(m_instanceUid + ".dcm");
+    char name[kLongestName] = "";
+    VDicomFile::MakeFileName(m_instanceUid.c_str(), DICOM_UNDEFINED, name, sizeof name);
+    const std::string path = m_folder.PathOf(std::string(name) + ".dcm");
     std::error_code error;
     if (!m_folder.m_overwrite && fs::exists(fs::u8path(path), error)) {
         Say(path, "is there already and was kept; --overwrite replaces it");

@@ -1,0 +1,297 @@
+"""vdicom as client of other DICOM programs. Prints what was seen as rows of docs/INTEROPERABILITY.md, and fails for a row
+that is not there. Usage: client_test.py PROGRAM SHARED DOCUMENT PEER"""
+import json
+import os
+import re
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "program"))
+os.environ["VDICOM_PROGRAM"], SHARED, DOCUMENT, PEER = sys.argv[1:5]
+from support import DEFLATED, EXPLICIT, contains, element, equal, part10, run, sequence, skip  # noqa: E402
+
+HOST = "127.0.0.1"
+SAMPLES = os.path.join(SHARED, "samples")
+SYNTAXES = ("implicit", "explicit", "big", "deflated")
+COMPRESSED = {"JPEG Baseline": "SC_rgb_jpeg_dcmtk.dcm", "JPEG lossless": "SC_rgb_jpeg_gdcm.dcm", "JPEG-LS": "MR_small_jpeg_ls_lossless.dcm",
+              "JPEG 2000": "MR_small_jp2klossless.dcm", "RLE": "MR_small_RLE.dcm"}
+WORK = tempfile.mkdtemp(prefix="vdicom-peer-")
+ROWS = []
+
+
+def row(what, syntax, pdu, result):
+    ROWS.append(f"| {NAMES[PEER]} | {what} | {syntax} | {pdu} | {result} |")
+
+
+def free_port():
+    with socket.socket() as probe:
+        probe.bind((HOST, 0))
+        return str(probe.getsockname()[1])
+
+
+class Running:
+    """A peer, started by its script, stopped at the end."""
+
+    def __init__(self, script, *options):
+        self.path = os.path.join(SHARED, "peers", script)
+        self.folder = tempfile.mkdtemp(dir=WORK)
+        self.port = free_port()
+        done = subprocess.run([self.path, "start", self.port, self.folder, *options], capture_output=True, text=True, check=False)
+        if done.returncode == 77:
+            skip(done.stderr.strip())
+        assert done.returncode == 0, done.stderr
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        subprocess.run([self.path, "stop", self.folder], check=True)
+
+    def vdicom(self, command, *arguments, called="ANY-SCP", status=0):
+        return run(command, HOST, self.port, "--called", called, *arguments, status=status)
+
+
+def sample(name):
+    return os.path.join(SAMPLES, name)
+
+
+def made(name, syntax=None):
+    """A real file in a syntax (None: its own), as an instance of its own."""
+    path = os.path.join(WORK, f"{syntax}-{name}")
+    if not os.path.exists(path):
+        run("edit", sample(name), path, "--set", f"SOPInstanceUID=1.2.826.0.2.{len(os.listdir(WORK))}")
+        if syntax:
+            run("convert", "--to", syntax, path, path)
+    return path
+
+
+def large():
+    """An object whose pixel data go through many PDUs of every size."""
+    path = os.path.join(WORK, "large.dcm")
+    pixels = bytes(i * i % 251 for i in range(600_000))
+    with open(path, "wb") as file:
+        file.write(part10(element(0x00080016, "UI", "1.2.840.10008.5.1.4.1.1.7") + element(0x00080018, "UI", "1.2.826.0.1.9") +
+                          element(0x00080060, "CS", "OT") + element(0x00100020, "LO", "LARGE") + element(0x0020000D, "UI", "1.2.826.0.1") +
+                          element(0x0020000E, "UI", "1.2.826.0.1.1") + element(0x7FE00010, "OW", pixels)))
+    return path
+
+
+def content(path):
+    """What an object holds, whatever its encoding; padding and private elements, whose VR an encoding may lose, left out."""
+    elements = run("dump", "--json", path).json()
+    # Fragments have VR OB, and not all files say so.
+    elements.get("7FE00010", {}).pop("vr", None)
+    return {tag: value for tag, value in elements.items() if tag != "FFFCFFFC" and int(tag[3], 16) % 2 == 0}
+
+
+def same(left, right):
+    ours, theirs = content(left), content(right)
+    equal([], [(tag, str(ours.get(tag))[:200], str(theirs.get(tag))[:200]) for tag in sorted({*ours, *theirs}) if ours.get(tag) != theirs.get(tag)],
+          f"{left} and {right}")
+
+
+def syntax_of(path):
+    return run("dump", "--json", "--meta", "--tag", "0002,0010", path).json()["00020010"]["Value"][0]
+
+
+def uid_of(path, keyword="SOPInstanceUID"):
+    return next(iter(run("dump", "--json", "--tag", keyword, path).json().values()))["Value"][0]
+
+
+def find_file(folder, uid):
+    for place, _, names in os.walk(folder):
+        for name in names:
+            if name.endswith(uid) or name == uid + ".dcm":
+                return os.path.join(place, name)
+    raise AssertionError(f"{uid} is not in {folder}: {os.listdir(folder)}")
+
+
+def received(peer, path):
+    return find_file(os.path.join(peer.folder, "received"), uid_of(path))
+
+
+def storescp():
+    with Running("storescp.sh", "+xa") as peer:
+        contains(peer.vdicom("echo").out, "answered")
+        row("echo", "", "16384", "answered")
+        for syntax in SYNTAXES:
+            path = made("CT_small.dcm", syntax)
+            peer.vdicom("store", path)
+            equal(syntax_of(received(peer, path)), syntax_of(path))
+            same(path, received(peer, path))
+            row("store", syntax, "16384", "stored as it is")
+        for name, file in COMPRESSED.items():
+            peer.vdicom("store", sample(file))
+            equal(syntax_of(received(peer, sample(file))), syntax_of(sample(file)))
+            same(sample(file), received(peer, sample(file)))
+            row("store", name, "16384", "stored as it is")
+        private = os.path.join(WORK, "private.dcm")
+        with open(private, "wb") as file:
+            file.write(part10(element(0x00080016, "UI", "1.2.826.0.1.3.99") + element(0x00080018, "UI", "1.2.826.0.1.8")))
+        result = peer.vdicom("store", private, sample("CT_small.dcm"), status=1)
+        contains(result.err, "does not support the SOP class")
+        contains(result.out, "stored 1 file,")
+        row("store of a class that it does not know, and another", "explicit", "16384", "the one named with the peer's reason, the other stored")
+    with Running("storescp.sh", "+xi") as peer:
+        for syntax in SYNTAXES:
+            path = made("CT_small.dcm", syntax)
+            peer.vdicom("store", path)
+            equal(syntax_of(received(peer, path)), "1.2.840.10008.1.2")
+            same(path, received(peer, path))
+            row("store, the peer takes implicit alone", syntax, "16384", "encoded anew and stored" if syntax != "implicit" else "stored as it is")
+        contains(peer.vdicom("store", sample(COMPRESSED["RLE"]), status=1).err, "the peer supports none of the transfer syntaxes; decompress")
+        row("store, the peer takes implicit alone", "RLE", "16384", "named with the reason")
+    for size in ("4096", "16384", "131072"):
+        with Running("storescp.sh", "+xa", "-pdu", size) as peer:
+            for path in (large(), made("CT_small.dcm", "big"), sample(COMPRESSED["JPEG 2000"])):
+                peer.vdicom("store", path, "--max-pdu", size)
+                same(path, received(peer, path))
+            row("store of 600 kB, and of compressed and small objects", "explicit, big, JPEG 2000", size, "stored as they are")
+    with Running("storescp.sh", "--refuse") as peer:
+        contains(peer.vdicom("echo", status=1).err, "the peer rejected the association")
+        row("echo, the association is rejected (`--refuse`)", "", "", "told with the reason")
+    with Running("storescp.sh", "--abort-during", "+xa", "--fork") as peer:
+        result = peer.vdicom("store", large(), sample("CT_small.dcm"), status=1)
+        assert re.search("aborted the association|the connection broke|closed the connection", result.err), result.err
+        contains(result.out, "stored 0 files")
+        contains(result.out, "2 not sent")
+        row("store, the association is aborted on the way (`--abort-during`)", "explicit", "16384", "told, with the files that are not stored")
+    with Running("storescp.sh", "--abort-after", "+xa", "--fork") as peer:
+        result = peer.vdicom("store", sample("CT_small.dcm"), sample("MR_small.dcm"), status=1)
+        assert re.search("aborted the association|the connection broke|closed the connection", result.err), result.err
+        contains(result.out, "not sent")
+        row("store, the association is aborted behind the first object (`--abort-after`)", "explicit", "16384", "told, with the files that are not stored")
+
+
+def retrieve(peer, called, mover, port, path, syntax, sizes):
+    """Finds an object at every level, gets and moves it."""
+    uids = {level: uid_of(path, keyword) for level, keyword in (
+        ("patient", "PatientID"), ("study", "StudyInstanceUID"), ("series", "SeriesInstanceUID"), ("image", "SOPInstanceUID"))}
+    keywords = {"patient": "PatientID", "study": "StudyInstanceUID", "series": "SeriesInstanceUID", "image": "SOPInstanceUID"}
+    keys = []
+    for level, keyword in keywords.items():
+        own = keys if level not in ("study", "patient") else []
+        found = peer.vdicom("find", "--level", level, "--json", *own, "-k", f"{keyword}={uids[level]}", called=called).json()
+        equal(len(found), 1, level)
+        number = {"PatientID": "00100020", "StudyInstanceUID": "0020000D", "SeriesInstanceUID": "0020000E", "SOPInstanceUID": "00080018"}[keyword]
+        equal(found[0][number]["Value"], [uids[level]])
+        if level != "patient":
+            keys += ["-k", f"{keyword}={uids[level]}"]
+    row("find, every level", syntax, "16384", "the match")
+    equal(peer.vdicom("find", "-k", "PatientID=no such patient", "--json", called=called).json(), [])
+    row("find without a match", "", "16384", "an empty list")
+    for size in sizes:
+        into = tempfile.mkdtemp(dir=WORK)
+        result = peer.vdicom("get", "--to", into, *keys, "--class", uid_of(path, "SOPClassUID"), "--max-pdu", size, "--json", called=called).json()
+        equal((result["status"], result["completed"], result["written"], result["failed"]), (0, 1, 1, 0))
+        same(path, find_file(into, uids["image"]))
+        equal(os.listdir(into), [uids["image"] + ".dcm"])
+        row("get", syntax, size, f"written as {kind_of(find_file(into, uids['image']))}")
+        into = tempfile.mkdtemp(dir=WORK)
+        result = peer.vdicom("move", "--to", into, "--listen", port, "--destination", mover, *keys, "--max-pdu", size, "--json", called=called).json()
+        equal((result["status"], result["completed"], result["written"]), (0, 1, 1))
+        same(path, find_file(into, uids["image"]))
+        row("move to this program", syntax, size, f"written as {kind_of(find_file(into, uids['image']))}")
+    # Such a peer chooses a syntax for each class before it looks at its objects.
+    into, isFixed = tempfile.mkdtemp(dir=WORK), "JPEG" in syntax
+    result = peer.vdicom("get", "--to", into, *keys[:2], called=called, status=1 if isFixed else 0)
+    contains(result.err if isFixed else result.out, "name the class with --class" if isFixed else "1 object written")
+    row("get of a study, all classes offered", syntax, "131072", "the peer cannot send it, having chosen explicit; told to name the class"
+        if isFixed else "written")
+
+
+def kind_of(path):
+    names = {"1.2.840.10008.1.2": "implicit", EXPLICIT: "explicit", "1.2.840.10008.1.2.2": "big", DEFLATED: "deflated",
+             "1.2.840.10008.1.2.4.50": "JPEG Baseline", "1.2.840.10008.1.2.4.70": "JPEG lossless", "1.2.840.10008.1.2.4.57": "JPEG lossless", "1.2.840.10008.1.2.4.80": "JPEG-LS", "1.2.840.10008.1.2.4.90": "JPEG 2000", "1.2.840.10008.1.2.5": "RLE"}
+    return names[syntax_of(path)]
+
+
+def dcmqrscp():
+    port = free_port()
+    with Running("dcmqrscp.sh", "MOVER", port) as peer:
+        files = [made("CT_small.dcm", "explicit"), made("MR_small.dcm", "implicit"), large()]
+        peer.vdicom("store", *files, called="QRSCP")
+        row("store", "implicit, explicit", "16384", "stored as they are")
+        retrieve(peer, "QRSCP", "MOVER", port, files[0], "explicit", ("4096", "16384", "131072"))
+        retrieve(peer, "QRSCP", "MOVER", port, files[1], "implicit", ("16384",))
+        retrieve(peer, "QRSCP", "MOVER", port, files[2], "explicit, 600 kB", ("4096", "131072"))
+        result = peer.vdicom("find", "--limit", "1", "--json", called="QRSCP")
+        equal(len(result.json()), 1)
+        contains(result.err, "more matches than --limit 1")
+        row("find cancelled behind a match (`--limit`)", "", "16384", "ended in order")
+        result = peer.vdicom("move", "--destination", "NOBODY", "-k", "StudyInstanceUID=1.2.826.0.1", called="QRSCP", status=1)
+        contains(result.err, "status A801, the peer does not know the destination")
+        row("move to a destination that it does not know", "", "16384", "told with the reason")
+        contains(peer.vdicom("echo", called="NOBODY", status=1).err, "give its own with --called")
+        row("echo with a wrong title", "", "", "told with the reason")
+
+
+def orthanc():
+    port = free_port()
+    with Running("orthanc.sh", "MOVER", port) as peer:
+        objects = {syntax: made("CT_small.dcm", syntax) for syntax in SYNTAXES} | {name: made(file) for name, file in COMPRESSED.items()}
+        for syntax, path in objects.items():
+            peer.vdicom("store", path, called="ORTHANC")
+            into = tempfile.mkdtemp(dir=WORK)
+            keys = [text for keyword in ("StudyInstanceUID", "SeriesInstanceUID", "SOPInstanceUID") for text in ("-k", f"{keyword}={uid_of(path, keyword)}")]
+            peer.vdicom("get", "--to", into, *keys, "--class", uid_of(path, "SOPClassUID"), called="ORTHANC")
+            same(path, find_file(into, uid_of(path)))
+            row("store, and get of the same", syntax, "16384", f"came back as {kind_of(find_file(into, uid_of(path)))}")
+        files = [objects["JPEG 2000"], large()]
+        peer.vdicom("store", files[1], called="ORTHANC")
+        retrieve(peer, "ORTHANC", "MOVER", port, files[0], "JPEG 2000", ("16384",))
+        retrieve(peer, "ORTHANC", "MOVER", port, files[1], "explicit, 600 kB", ("4096", "16384", "131072"))
+        contains(peer.vdicom("find", "-k", "PatientName=Compressed*", "-k", "StudyDate=20040101-20041231", called="ORTHANC").out, "CompressedSamples^CT1")
+        row("find with a wildcard and a range of dates", "", "16384", "the matches")
+
+
+def wlmscpfs():
+    if not shutil.which("wlmscpfs"):
+        skip("wlmscpfs is not there (Debian package dcmtk)")
+    folder = os.path.join(WORK, "worklist", "WORKLIST")
+    os.makedirs(folder)
+    for name, modality in (("one", "CT"), ("two", "MR")):
+        step = b"".join(element(tag, vr, value) for tag, vr, value in (
+            (0x00080060, "CS", modality), (0x00400001, "AE", "SCANNER"), (0x00400002, "DA", "20240131"), (0x00400003, "TM", "1200"),
+            (0x00400006, "PN", "Doctor^Who"), (0x00400007, "LO", "a scan"), (0x00400009, "SH", name)))
+        with open(os.path.join(folder, name + ".wl"), "wb") as file:
+            file.write(part10(
+                element(0x00080005, "CS", "ISO_IR 192") + element(0x00080050, "SH", "A1") + element(0x00100010, "PN", "Müller^Ümit".encode() + b" " * ("Müller^Ümit".encode().__len__() % 2)) +
+                element(0x00100020, "LO", "P-" + name) + element(0x00100030, "DA", "19700101") + element(0x00100040, "CS", "M") +
+                element(0x0020000D, "UI", "1.2.3.4") + element(0x00321060, "LO", "scan") +
+                sequence(0x00400100, step) + element(0x00401001, "SH", "R1")))
+    open(os.path.join(folder, "lockfile"), "wb").close()
+    port = free_port()
+    with subprocess.Popen(["wlmscpfs", "-csk", "-dfp", os.path.dirname(folder), port], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as process:
+        try:
+            while process.poll() is None:
+                with socket.socket() as probe:
+                    if probe.connect_ex((HOST, int(port))) == 0:
+                        break
+            found = run("find", HOST, port, "--called", "WORKLIST", "--level", "worklist", "--json", "-k",
+                        "ScheduledProcedureStepSequence.Modality=MR", "-k",
+                        "ScheduledProcedureStepSequence.ScheduledProcedureStepStartDate=20240101-20241231").json()
+            equal([match["00100020"]["Value"] for match in found], [["P-two"]])
+            equal(found[0]["00100010"]["Value"][0]["Alphabetic"], "Müller^Ümit")
+            equal(found[0]["00400100"]["Value"][0]["00400009"]["Value"], ["two"])
+            row("find on the worklist, by an attribute in a sequence", "", "16384", "the match, in UTF-8")
+        finally:
+            process.terminate()
+
+
+NAMES = {"storescp": "`storescp` (dcmtk)", "dcmqrscp": "`dcmqrscp` (dcmtk)", "orthanc": "Orthanc", "wlmscpfs": "`wlmscpfs` (dcmtk)"}
+if not os.path.isdir(SAMPLES):
+    skip("the files are not there")
+try:
+    globals()[PEER]()
+finally:
+    shutil.rmtree(WORK, ignore_errors=True)
+with open(DOCUMENT, encoding="utf-8") as document:
+    known = document.read()
+missing = [line for line in ROWS if line not in known]
+print("\n".join(ROWS))
+if missing:
+    sys.exit("not in the document:\n" + "\n".join(missing))
