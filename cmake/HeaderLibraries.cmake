@@ -1,4 +1,4 @@
-# Header-only libraries of the program: CLI11::CLI11, fmt::fmt-header-only, rapidjson::rapidjson. Their headers are the
+# Header-only libraries of the program: CLI11, fmt, rapidjson, spdlog. Their headers are the
 # same for every target, so cross builds take the build machine's through a folder of links of their own: adding all of
 # /usr/include would put glibc's headers before the target's.
 function(vdicom_header_library target folder header)
@@ -18,3 +18,5 @@ vdicom_header_library(CLI11::CLI11 CLI CLI.hpp)
 vdicom_header_library(fmt::fmt-header-only fmt format.h)
 vdicom_header_library(rapidjson::rapidjson rapidjson writer.h)
 set_property(TARGET fmt::fmt-header-only PROPERTY INTERFACE_COMPILE_DEFINITIONS FMT_HEADER_ONLY=1)
+vdicom_header_library(spdlog::spdlog_header_only spdlog spdlog.h)
+set_property(TARGET spdlog::spdlog_header_only PROPERTY INTERFACE_COMPILE_DEFINITIONS SPDLOG_FMT_EXTERNAL=1)

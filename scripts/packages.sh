@@ -9,6 +9,7 @@ packages_build=(
     libcli11-dev     # command line of the program
     libfmt-dev       # output of the program
     rapidjson-dev    # its JSON
+    libspdlog-dev    # log of its archive
     libsqlite3-dev   # the index of the archive
     libutf8proc-dev  # names of persons without case and accents
 )

@@ -7,7 +7,7 @@ import sys
 
 from support import contains, equal, image, main, run
 
-COMMANDS = ("dump", "convert", "edit", "check", "new", "dict", "echo", "store", "find", "get", "move")
+COMMANDS = ("dump", "convert", "edit", "check", "new", "dict", "echo", "store", "find", "get", "move", "serve")
 SOURCE = os.environ["VDICOM_SOURCE"]
 
 

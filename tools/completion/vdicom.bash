@@ -3,7 +3,7 @@ _vdicom() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new check dict echo store find get move help --help --version' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'dump convert edit new check dict echo store find get move serve help --help --version' -- "$current")
         return
     fi
     local options='' choices=''
@@ -23,7 +23,11 @@ _vdicom() {
     move)
         options='--called --calling --max-pdu --timeout --key --level --model --destination --to --listen --overwrite --json --help'
         ;;
-    help) choices='dump convert edit new check dict echo store find get move' ;;
+    serve)
+        options='--folder --port --address --ae --peers --known-callers --check-called --worklist --sync --max-pdu --idle
+            --associations --log --json --reindex --help'
+        ;;
+    help) choices='dump convert edit new check dict echo store find get move serve' ;;
     esac
     case $command:$previous in
     dump:--color) choices='auto always never' ;;

@@ -15,5 +15,7 @@ int RunStore(int count, const char* const* arguments);
 int RunFind(int count, const char* const* arguments);
 int RunGet(int count, const char* const* arguments);
 int RunMove(int count, const char* const* arguments);
+/// In builds without the archive it says so.
+int RunServe(int count, const char* const* arguments);
 
 } // namespace program

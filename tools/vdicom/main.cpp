@@ -13,6 +13,13 @@
 
 namespace program {
 
+#ifndef VDICOM_HAS_ARCHIVE
+int RunServe(int, const char* const*) {
+    Say("this build has no archive: the system that it is for has no SQLite to build it with");
+    return kWrongUsage;
+}
+#endif
+
 namespace {
 
 struct Command {
@@ -34,6 +41,7 @@ constexpr Command kCommands[] = {
     {"find", "vdicom find", "ask a peer what it has", RunFind},
     {"get", "vdicom get", "fetch objects of a peer", RunGet},
     {"move", "vdicom move", "have a peer send objects elsewhere, or here", RunMove},
+    {"serve", "vdicom serve", "be an archive that stores, finds and gives back", RunServe},
 };
 
 int ShowHelp() {

@@ -1,0 +1,201 @@
+"""vdicom serve with the program's own clients, and with peers that behave badly."""
+import os
+import random
+import signal
+import socket
+import struct
+import subprocess
+import sys
+import threading
+import time
+
+from server import Server, free_port
+from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, element, main, part10, run
+
+CLASS = "1.2.840.10008.5.1.4.1.1.7"
+
+
+def make(folder, name, patient, study, series, instance, *, pixels=b"", modality="OT", text="Doe^Jane"):
+    content = (element(0x00080005, "CS", "ISO_IR 100") + element(0x00080016, "UI", CLASS) +
+               element(0x00080018, "UI", instance) + element(0x00080020, "DA", "20240229") +
+               element(0x00080060, "CS", modality) + element(0x00100010, "PN", text) +
+               element(0x00100020, "LO", patient) + element(0x0020000D, "UI", study) +
+               element(0x0020000E, "UI", series) + element(0x00200013, "IS", "1") +
+               element(0x7FE00010, "OB", pixels))
+    return folder.write(name, part10(content).replace(
+        element(0x00020003, "UI", "1.2.3"), element(0x00020003, "UI", instance)))
+
+
+def content(path):
+    """What stands behind group 0002."""
+    return [line.strip() for line in run("dump", path).lines if not line.strip().startswith(("(0002,", "#"))]
+
+
+def files_below(folder):
+    return sorted(os.path.join(at, name) for at, _, names in os.walk(folder) for name in names
+                  if name.endswith(".dcm") and "/.vdicom" not in at)
+
+
+def fill(folder, server, count=3):
+    paths = [make(folder, f"in/{i}.dcm", f"P{i % 2}", f"1.2.{i % 2}", f"1.2.{i % 2}.1", f"1.2.9.{i}",
+                  pixels=bytes([i % 250] * 2000)) for i in range(count)]
+    run("store", *server.at, folder("in"))
+    return paths
+
+
+def test_stores_finds_and_gives_back(folder):
+    with Server(folder("archive")) as server:
+        run("echo", *server.at)
+        paths = fill(folder, server, 5)
+        studies = run("find", *server.at, "--level", "study", "--json", "-k", "PatientID",
+                      "-k", "NumberOfStudyRelatedInstances").json()
+        assert sorted((s["00100020"]["Value"][0], s["00201208"]["Value"][0]) for s in studies) == [("P0", 3), ("P1", 2)]
+        run("get", *server.at, "--level", "study", "-k", "StudyInstanceUID=1.2.0", "--to", folder("got"))
+        got = {tuple(content(path)) for path in files_below(folder("got"))}
+        assert got == {tuple(content(paths[i])) for i in (0, 2, 4)}, got
+        assert len(server.log("store")) == 5 and len(files_below(server.folder)) == 5
+        # The same again replaces, and is not doubled.
+        run("store", *server.at, folder("in"))
+        assert len(files_below(server.folder)) == 5
+        assert server.stop() == 0 and server.log()[-1]["event"] == "stop"
+
+
+def test_every_uncompressed_syntax_and_a_compressed_one(folder):
+    with Server(folder("archive")) as server:
+        first = make(folder, "first.dcm", "P", "1.2", "1.2.1", "1.2.9.1", pixels=b"\1\2" * 5000)
+        for number, syntax in enumerate((IMPLICIT, EXPLICIT, BIG, DEFLATED)):
+            run("convert", "--to", syntax, first, folder("one.dcm"))
+            run("store", *server.at, folder("one.dcm"), "--max-pdu", "4096")
+            (stored,) = files_below(server.folder)
+            assert run("dump", "--tag", "TransferSyntaxUID", stored).out.count(syntax + " "), number
+            assert content(stored) == content(folder("one.dcm")), number
+
+
+def test_moves_to_known_peers_and_to_no_others(folder):
+    with Server(folder("target")) as target:
+        peers = folder.write("peers", f"TARGET 127.0.0.1 {target.port} # here\nDEAD 127.0.0.1 {free_port()}\n".encode())
+        with Server(folder("archive"), "--peers", peers) as server:
+            fill(folder, server)
+            move = ("move", *server.at, "--level", "patient", "-k", "PatientID=P0", "--destination")
+            run(*move, "TARGET")
+            assert len(files_below(target.folder)) == 2
+            for destination, word in (("DEAD", "nobody listens"), ("NOBODY", "destination")):
+                assert word in run(*move, destination, status=1).err + str(server.log("move")), destination
+            # The peers file is read again.
+            folder.write("peers", f"NOBODY 127.0.0.1 {target.port}\n".encode())
+            server.process.send_signal(signal.SIGHUP)
+            server.wait("peers", known=1)
+            run(*move, "NOBODY")
+
+
+def test_refuses_whom_it_is_told_to(folder):
+    peers = folder.write("peers", b"FRIEND 127.0.0.1 104\n")
+    with Server(folder("archive"), "--peers", peers, "--known-callers", "--check-called") as server:
+        run("echo", *server.at, "--calling", "FRIEND", "--called", "ARCHIVE")
+        run("echo", *server.at, "--calling", "STRANGER", "--called", "ARCHIVE", status=1)
+        run("echo", *server.at, "--calling", "FRIEND", "--called", "OTHER", status=1)
+        assert len(server.log("rejected")) == 2
+
+
+def test_wrong_usage_and_archives_that_cannot_be_used(folder):
+    with Server(folder("archive")) as server:
+        for arguments in ([], ["--folder", "x", "--port", "70000"], ["--folder", "x", "--known-callers"],
+                          ["--folder", "x", "--ae", "LONGER THAN SIXTEEN"]):
+            run("serve", *arguments, status=2)
+        assert "use" in run("serve", "--folder", server.folder, status=1).err
+        run("serve", "--folder", folder("other"), "--address", "127.0.0.1", "--port", server.port, status=1)
+        bad = folder.write("peers", b"ONE 127.0.0.1 104\nTWO 127.0.0.1 none\n")
+        assert "line 2" in run("serve", "--folder", folder("third"), "--peers", bad, status=1).err
+
+
+def test_killed_at_any_moment_it_keeps_what_it_acknowledged(folder):
+    random.seed(7)
+    for i in range(300):
+        make(folder, f"in/{i:03}.dcm", f"P{i % 7}", f"1.2.{i % 7}", f"1.2.{i % 7}.1", f"1.2.9.{i}",
+             pixels=bytes(random.randrange(20000)))
+    server = Server(folder("archive"))
+    acknowledged = set()
+    for round_ in range(6):
+        server.start()
+        client = subprocess.Popen([PROGRAM, "store", *server.at, folder("in"), "--json"], stdout=subprocess.DEVNULL,
+                                  stderr=subprocess.DEVNULL)
+        time.sleep(random.uniform(0.02, 0.25))
+        server.process.kill()
+        server.process.communicate()
+        client.wait(60)
+        acknowledged |= {entry["instance"] for entry in server.log("store") if entry["status"] == "0000"}
+        with Server(folder("archive")) as again:
+            found = {one["00080018"]["Value"][0] for one in images(again)}
+            assert acknowledged <= found, (round_, acknowledged - found)
+            for path in files_below(server.folder):
+                run("dump", "--tag", "PixelData", path)
+            assert len(files_below(server.folder)) >= len(found)
+    assert acknowledged
+
+
+def images(server):
+    found = []
+    for study in run("find", *server.at, "--level", "study", "--json", "-k", "StudyInstanceUID").json():
+        uid = study["0020000D"]["Value"][0]
+        found += run("find", *server.at, "--level", "image", "--json", "-k", f"StudyInstanceUID={uid}",
+                     "-k", f"SeriesInstanceUID={uid}.1", "-k", "SOPInstanceUID").json()
+    return found
+
+
+def test_the_index_is_made_anew_from_the_files(folder):
+    with Server(folder("archive")) as server:
+        fill(folder, server, 6)
+        before = images(server)
+    for name in os.listdir(os.path.join(server.folder, ".vdicom")):
+        if name.startswith("index"):
+            os.remove(os.path.join(server.folder, ".vdicom", name))
+    assert "reindex" in run("serve", "--folder", server.folder, "--port", "0", status=1).err
+    assert "6 objects" in run("serve", "--folder", server.folder, "--reindex").out
+    with Server(folder("archive")) as server:
+        key = lambda one: one["00080018"]["Value"][0]
+        assert sorted(images(server), key=key) == sorted(before, key=key)
+
+
+def test_bad_peers_disturb_nobody(folder):
+    request = b"\1\0" + struct.pack(">I", 68) + b"\0\1\0\0" + b"A" * 64  # no application context, nothing
+    attacks = [b"", b"GET / HTTP/1.1\r\n\r\n", b"\x16\3\1\2\0\1\0\1\xfc\3\3", b"\1\0\xff\xff\xff\xff", request,
+               b"\1\0\0\0\0\0", b"\4\0\0\0\0\6\0\0\0\2\1\3", b"\4\0\0\0\0\12\xff\xff\xff\xff\1\3\0\0\0\0",
+               b"\5\0\0\0\0\4\0\0\0\0", b"\6\0\0\0\0\4\0\0\0\0", b"\7\0\0\0\0\4\0\0\2\0", b"\x99\0\0\0\0\1\0",
+               os.urandom(5000)]
+    with Server(folder("archive")) as server:
+        stop = threading.Event()
+
+        def attack():
+            while not stop.is_set():
+                for bytes_ in attacks:
+                    with socket.create_connection(("127.0.0.1", int(server.port))) as one:
+                        one.sendall(bytes_)
+                        one.settimeout(0.05)
+                        try:
+                            one.recv(100)
+                        except OSError:
+                            pass
+
+        threads = [threading.Thread(target=attack) for _ in range(4)]
+        silent = [socket.create_connection(("127.0.0.1", int(server.port))) for _ in range(200)]
+        for thread in threads:
+            thread.start()
+        try:
+            fill(folder, server, 40)
+            run("echo", *server.at, "--repeat", "50")
+        finally:
+            stop.set()
+            for thread in threads:
+                thread.join()
+            for one in silent:
+                one.close()
+        assert len(files_below(server.folder)) == 40
+        descriptors = f"/proc/{server.process.pid}/fd"
+        if os.path.isdir(descriptors):
+            end = time.monotonic() + 10
+            while len(os.listdir(descriptors)) > 40 and time.monotonic() < end:
+                time.sleep(0.05)
+            assert len(os.listdir(descriptors)) <= 40, len(os.listdir(descriptors))
+
+
+main(sys.modules[__name__])

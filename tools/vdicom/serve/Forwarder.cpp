@@ -1,0 +1,115 @@
+#include "serve/Forwarder.h"
+
+#include "scu/Client.h"
+
+namespace program {
+
+namespace {
+
+constexpr VDicomULong kConnectPatience = 10'000, kPatience = 60'000, kReleasePatience = 5'000; // milliseconds
+
+} // namespace
+
+Forwarder::Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong maxPdu, std::function<void()> wake)
+    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_peer(peer), m_ownTitle(std::move(ownTitle)),
+      m_maxPdu(maxPdu), m_wake(std::move(wake)) {
+    SetSocketBuffers(0, 0);
+    SetSendInPlace(1);
+    SetTimeout(DICOM_TIMEOUT_CONNECT, kConnectPatience);
+    SetTimeout(DICOM_TIMEOUT_ASSOCIATE, kPatience);
+    SetTimeout(DICOM_TIMEOUT_IDLE, kPatience);
+    SetTimeout(DICOM_TIMEOUT_RELEASE, kReleasePatience);
+}
+
+unsigned int Forwarder::Open(std::vector<StoreContext> contexts) {
+    m_proposed = std::move(contexts);
+    const unsigned int code = Connect(nullptr, 0, m_peer.host.c_str(), m_peer.port);
+    m_state = code == DICOM_OK ? State::opening : State::closed;
+    if (code != DICOM_OK)
+        m_failure = GetErrorText(code);
+    return code;
+}
+
+void Forwarder::Lost(std::string why) {
+    m_failure = std::move(why);
+    m_state = State::closed;
+    Close();
+    m_wake();
+}
+
+void Forwarder::Release() {
+    if (IsAssociated() != 0)
+        SendReleaseRequest();
+    else
+        Lost("released");
+}
+
+void Forwarder::OnConnect(int nError) {
+    if (nError != 0)
+        return Lost(GetErrorText(static_cast<unsigned int>(nError)));
+    VDicomAssociate request(1);
+    request.SetCalled(m_peer.title.c_str());
+    request.SetCalling(m_ownTitle.c_str());
+    request.SetMaxLength(1, m_maxPdu);
+    request.SetImplementClass(1, kImplementationClass);
+    request.SetImplementVersion(1, kImplementationVersion);
+    bool done = true;
+    for (const StoreContext& context : m_proposed)
+        done = done && AddContext(request, context.id, context.classUid.c_str(), context.syntaxes);
+    Complete(request);
+    const unsigned int code = done ? SendAssociateRequest(&request) : static_cast<unsigned int>(DICOM_ERROR_MEMORY);
+    if (code != DICOM_OK)
+        Lost(GetErrorText(code));
+}
+
+void Forwarder::OnReceiveAssociateAccept(VDicomAssociate* accept) {
+    for (int i = 0; i < accept->GetPresentationCount(); ++i) {
+        const unsigned char id = accept->GetPresentation(i);
+        const char* syntax = accept->GetTransfer(id, 0);
+        if (accept->GetResult(id) == 0 && syntax != nullptr)
+            m_accepted.push_back({id, accept->GetAbstract(id), {syntax}});
+    }
+    m_state = State::ready;
+    m_wake();
+}
+
+void Forwarder::OnReceiveAssociateReject(unsigned char result, unsigned char source, unsigned char reason) {
+    Lost(RejectText(result, source, reason));
+}
+
+void Forwarder::OnReceiveAbort(unsigned char source, unsigned char reason) { Lost(AbortText(source, reason)); }
+
+void Forwarder::OnReceiveReleaseRequest() {
+    SendReleaseResponse();
+    m_failure = "the peer released the association";
+    m_state = State::closed;
+    m_wake();
+}
+
+void Forwarder::OnClose(int nError, VDicomNet* /*connection*/) {
+    if (m_state == State::closed)
+        return;
+    m_failure = nError == 0 ? "the peer closed the connection" : GetErrorText(static_cast<unsigned int>(nError));
+    m_state = State::closed;
+    m_wake();
+}
+
+void Forwarder::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/, VDicomULong /*length*/) {
+    if (nError != 0)
+        Lost(GetErrorText(static_cast<unsigned int>(nError)));
+}
+
+unsigned int Forwarder::Store(unsigned char contextId, unsigned short messageId, const archive::RetrievedObject& object,
+                              VDicomDS& ds) {
+    return SendCStoreRequest(contextId, messageId, object.classUid.c_str(), object.instanceUid.c_str(), 0, nullptr,
+                             m_originMessage, &ds);
+}
+
+void Forwarder::OnReceiveCStoreResponse(unsigned char /*id*/, unsigned short messageID, const char* /*classUID*/,
+                                        const char* /*instanceUID*/, unsigned short status) {
+    if (m_onStored)
+        m_onStored(messageID, status);
+    m_wake();
+}
+
+} // namespace program

@@ -1,0 +1,115 @@
+#include "serve/RetrieveOperation.h"
+
+#include "serve/Server.h"
+
+namespace program {
+
+namespace {
+
+constexpr int kMostFailures = 64; // of one turn
+
+} // namespace
+
+RetrieveOperation::RetrieveOperation(Session& session, const Request& request,
+                                     std::unique_ptr<archive::Retrieval> retrieval)
+    : Operation(request.messageId), m_session(session), m_request(request), m_objects(std::move(retrieval)) {}
+
+Operation::Pace RetrieveOperation::Work() {
+    if (const std::string why = Broken(); !why.empty())
+        m_objects.OnLost(why);
+    try {
+        for (int i = 0; i < kMostFailures; ++i) {
+            if (m_objects.IsUnderWay())
+                return Pace::waiting;
+            if (m_told != m_objects.Answered() && m_objects.Remaining() != 0) {
+                m_told = m_objects.Answered();
+                Respond(archive::status::kPending, nullptr);
+            }
+            if (m_cancelled)
+                return Finish(archive::status::kCancelled);
+            if (m_objects.Next() == nullptr)
+                return Finish(m_objects.FinalStatus(AllFailed()));
+            std::string reason;
+            StoreChannel* channel = ChannelFor(m_objects.KindOfNext(), reason);
+            if (channel == nullptr)
+                m_objects.Fail(reason);
+            else if (channel->GetState() == StoreChannel::State::opening)
+                return Pace::waiting;
+            else
+                m_objects.Send(*channel);
+        }
+    } catch (const std::exception& error) {
+        m_session.LogOperation(LogLine::Level::error, Name()).Add("comment", error.what());
+        return Finish(archive::status::kUnableToProcess);
+    }
+    return Pace::more;
+}
+
+Operation::Pace RetrieveOperation::Finish(unsigned short status) {
+    VDicomDS list;
+    Respond(status, m_objects.FailedList(list));
+    Close();
+    m_session.LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, Name())
+        .AddStatus(status)
+        .Add("completed", m_objects.Completed())
+        .Add("failed", m_objects.Failed())
+        .Add("warnings", m_objects.Warning())
+        .Add("comment", m_objects.Reason());
+    return Pace::done;
+}
+
+StoreChannel* GetOperation::ChannelFor(std::size_t /*kind*/, std::string& /*reason*/) { return &m_session; }
+
+void GetOperation::Respond(unsigned short status, VDicomDS* list) {
+    m_session.SendCGetResponse(m_request.contextId, m_request.messageId, m_request.classUid.c_str(), status,
+                               m_objects.Remaining(), m_objects.Completed(), m_objects.Failed(), m_objects.Warning(),
+                               list);
+}
+
+MoveOperation::MoveOperation(Session& session, const Request& request, std::unique_ptr<archive::Retrieval> retrieval,
+                             const KnownPeer& peer)
+    : RetrieveOperation(session, request, std::move(retrieval)), m_peer(peer), m_plan(m_objects.Kinds()),
+      m_channels(m_plan.CountAssociations()) {}
+
+StoreChannel* MoveOperation::ChannelFor(std::size_t kind, std::string& reason) {
+    const std::size_t number = m_plan.AssociationOf(kind);
+    std::unique_ptr<Forwarder>& channel = m_channels[number];
+    if (channel == nullptr) {
+        Server& server = m_session.TheServer();
+        channel = std::make_unique<Forwarder>(m_peer, server.Settings().title, server.Settings().maxPdu,
+                                              [&server, number = m_session.Number()] { server.SetWorking(number); });
+        channel->SetOrigin(m_request.messageId);
+        channel->SetOnStored(
+            [this](unsigned short messageId, unsigned short status) { m_objects.OnStored(messageId, status); });
+        channel->Open(m_plan.Contexts(number));
+    }
+    if (channel->GetState() != StoreChannel::State::closed)
+        return channel.get();
+    reason = channel->Failure();
+    return nullptr;
+}
+
+std::string MoveOperation::Broken() {
+    if (!m_objects.IsUnderWay())
+        return {};
+    const auto& channel = m_channels[m_plan.AssociationOf(m_objects.KindOfNext())];
+    return channel->GetState() == StoreChannel::State::closed ? channel->Failure() : std::string();
+}
+
+void MoveOperation::Respond(unsigned short status, VDicomDS* list) {
+    m_session.SendCMoveResponse(m_request.contextId, m_request.messageId, m_request.classUid.c_str(), status,
+                                m_objects.Remaining(), m_objects.Completed(), m_objects.Failed(), m_objects.Warning(),
+                                list);
+}
+
+// The associations end by themselves.
+void MoveOperation::Close() {
+    for (std::unique_ptr<Forwarder>& channel : m_channels) {
+        if (channel == nullptr || channel->GetState() != StoreChannel::State::ready)
+            continue;
+        channel->SetOnStored({});
+        m_session.TheServer().LetEnd(std::move(channel));
+    }
+}
+
+} // namespace program
