@@ -21,6 +21,7 @@ packages_tests=(
     libgmock-dev     # its matchers
     libbenchmark-dev # benchmarks, built with the release preset
     pkg-config       # the test of the installed library
+    libglib2.0-dev   # the example inside GLib's main loop
     python3          # the layering test
     dcmtk            # peers: dcmdump, dcmconv, dcm2json; storescp, dcmqrscp, wlmscpfs
     orthanc          # peer: an archive

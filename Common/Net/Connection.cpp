@@ -18,6 +18,12 @@ unsigned int CodeOf(int socketError) {
     return socketError == 0 ? DICOM_OK : VDicomNet::GetError(static_cast<VDicomULong>(socketError));
 }
 
+/// The object behind a window; null while it has none.
+VDicomNet* NetOf(platform::WindowHandle window) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): slots hold numbers
+    return reinterpret_cast<VDicomNet*>(platform::GetWindowSlot(window, Connection::objectSlot));
+}
+
 bool IsGiven(const char* text) { return text != nullptr && *text != '\0'; }
 
 } // namespace
@@ -246,7 +252,7 @@ void Connection::Close() {
 
 VDicomNet* Connection::Server() const {
     const auto window = static_cast<platform::WindowHandle>(platform::GetWindowSlot(m_window, serverSlot));
-    return reinterpret_cast<VDicomNet*>(platform::GetWindowSlot(window, objectSlot));
+    return NetOf(window);
 }
 
 // The client at a position, and how many there are.
@@ -255,7 +261,7 @@ VDicomNet* Connection::Client(unsigned int index, unsigned int* count) const {
     unsigned int live = 0;
     platform::WindowHandle child = m_window == platform::kNoWindow ? m_window : platform::FirstChildWindow(m_window);
     for (; child != platform::kNoWindow; child = platform::NextSiblingWindow(child)) {
-        auto* client = reinterpret_cast<VDicomNet*>(platform::GetWindowSlot(child, objectSlot));
+        VDicomNet* client = NetOf(child);
         if (client == nullptr)
             continue;
         if (live++ == index)
@@ -298,7 +304,7 @@ unsigned int Connection::Address(bool peer, char* address, unsigned int* port) c
 
 void Connection::OnMessage(platform::WindowHandle window, unsigned int message, std::uintptr_t first,
                            std::intptr_t second) {
-    auto* net = reinterpret_cast<VDicomNet*>(platform::GetWindowSlot(window, objectSlot));
+    VDicomNet* net = NetOf(window);
     if (net == nullptr)
         return;
     Connection& connection = Of(*net);

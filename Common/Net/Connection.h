@@ -27,6 +27,19 @@ public:
 
     /// The connection behind an object.
     static Connection& Of(const VDicomNet& net) { return *net.m_pConnection; }
+    /// The window's slots.
+    enum Slot {
+        socketSlot,
+        serverSlot,
+        objectSlot,
+        heldSlot,
+        expectedSlot,
+        bufferSlot,
+        headSlot,
+        tailSlot,
+        queuedSlot
+    };
+
     /// The window procedure.
     static void OnMessage(platform::WindowHandle window, unsigned int message, std::uintptr_t first,
                           std::intptr_t second);
@@ -108,19 +121,6 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-
-    /// The window's slots.
-    enum Slot {
-        socketSlot,
-        serverSlot,
-        objectSlot,
-        heldSlot,
-        expectedSlot,
-        bufferSlot,
-        headSlot,
-        tailSlot,
-        queuedSlot
-    };
 
     void Forget();
     unsigned int MakeWindow(platform::WindowHandle parent);

@@ -1,4 +1,5 @@
 // Result codes, addresses, the window, time-outs and limits of connections.
+#include "../Platform/ThisSystem.h"
 #include "MessageLoop.h"
 #include "RawPeer.h"
 
@@ -9,6 +10,7 @@
 
 using namespace loopback;
 using namespace support;
+using namespace system_under_test;
 using testing::Contains;
 using testing::ElementsAre;
 
@@ -56,11 +58,9 @@ TEST(ConnectionErrors, SocketErrors) {
                 {10092, 0}};
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         EXPECT_EQ(VDicomNet::GetError(rows[i].number), 30 + i) << rows[i].number;
-#ifndef _WIN32
-        if (rows[i].error != 0) {
+        if (rows[i].error != 0 && !kWindows) {
             EXPECT_EQ(VDicomNet::GetError(static_cast<VDicomULong>(rows[i].error)), 30 + i) << rows[i].error;
         }
-#endif
     }
     EXPECT_EQ(VDicomNet::GetError(65), 65u);
     for (const VDicomULong unknown : {0u, 12345u, 10009u, 0xFFFFFFFFu})
@@ -270,8 +270,9 @@ TEST_F(NetworkTest, TimeOuts) {
     }
 }
 
-#ifdef __linux__
 TEST_F(NetworkTest, ConnectingTimesOut) {
+    if (!kFullListenersAreSilent)
+        GTEST_SKIP() << "the system refuses what it has no room for";
     // Where nobody accepts, the system lets few wait and does not answer the others.
     Server<Recorder> server;
     ASSERT_EQ(server.Listen("127.0.0.1", 0, 0), DICOM_OK);
@@ -289,7 +290,6 @@ TEST_F(NetworkTest, ConnectingTimesOut) {
     EXPECT_THAT(callers.back()->log, ElementsAre("connect 23"));
     EXPECT_EQ(callers.back()->IsActivated(), 0u);
 }
-#endif
 
 TEST_F(ConnectionTest, LargestPduAndDataSet) {
     Associate();

@@ -1,14 +1,11 @@
 // A server among peers that send nonsense, too much, too little or nothing: it goes on serving a good client.
+#include "../Platform/ThisSystem.h"
 #include "CommandTable.h"
 #include "CountedMemory.h"
 #include "RawPeer.h"
 
 #include <filesystem>
 #include <fstream>
-
-#ifndef _WIN32
-#include <sys/resource.h>
-#endif
 
 using namespace loopback;
 using namespace support;
@@ -202,16 +199,8 @@ std::size_t CountDescriptors() {
 }
 
 TEST_F(HostilePeerTest, AThousandThatSayNothing) {
-#ifndef _WIN32
-    rlimit limit{};
-    getrlimit(RLIMIT_NOFILE, &limit);
-    if (limit.rlim_cur < 4096) {
-        limit.rlim_cur = std::min<rlim_t>(4096, limit.rlim_max);
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
-    if (limit.rlim_cur < 2100)
+    if (!system_under_test::AllowDescriptors(2100))
         GTEST_SKIP() << "this user may not open 2,100 descriptors";
-#endif
     const std::size_t before = CountDescriptors();
     {
         std::vector<std::unique_ptr<RawPeer>> silent;
@@ -230,14 +219,10 @@ TEST_F(HostilePeerTest, AThousandThatSayNothing) {
 
 // Good associations, refused ones and such that break off: nothing of them stays.
 TEST_F(HostilePeerTest, NothingIsLeftOfManyAssociations) {
-#if defined(__SANITIZE_ADDRESS__) || defined(_WIN32)
-    constexpr int kRounds = 400;
-#else
-    constexpr int kRounds = 2500;
-#endif
+    const int rounds = system_under_test::kWindows ? 400 : 2500;
     long blocks = 0;
     std::size_t descriptors = 0;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         for (int kind = 0; kind < 4; ++kind) {
             Requestor client;
             client.called = kind == 1 ? "NOBODY" : kind == 2 ? "" : "ACCEPTOR";

@@ -43,6 +43,7 @@ template <class R, class... A> struct Slot<R(VDICOM_CALLBACK*)(VDicomNet*, A...)
         return name;
     }
 };
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the name of a member
 #define SET(table, member)                                                                                             \
     Slot<decltype(table.member)>::Name<__COUNTER__>() = #member;                                                       \
     table.member = Slot<decltype(table.member)>::Called<__COUNTER__ - 1>
@@ -193,7 +194,7 @@ TEST_F(MessagesTest, EveryMessageArrivesAsItsNotification) {
             ASSERT_EQ(kSent[i].send(client, set), DICOM_OK) << row;
             ASSERT_TRUE(RunUntil([&] { return !peer.elements.empty() && g_calls.back().find(name) == 0; })) << row;
             const std::string has = takesData ? Text(set) : "none";
-            EXPECT_EQ(g_calls.back(), name + " 1 7" + arguments + (takesData ? has : "")) << row;
+            EXPECT_EQ(g_calls.back(), (name + " 1 7").append(arguments).append(takesData ? has : "")) << row;
             // The PDUs come first, then any message, then this one.
             const std::string anyMessage = "OnReceiveData 1 - " + has;
             ASSERT_GE(g_calls.size(), 3u);
@@ -212,7 +213,7 @@ TEST_F(MessagesTest, EveryMessageArrivesAsItsNotification) {
                     expected += " 0800=" + type;
                 expected += " " + tag;
             }
-            EXPECT_EQ(peer.elements.back(), typed ? expected : expected + " 0800=" + type);
+            EXPECT_EQ(peer.elements.back(), typed ? expected : expected.append(" 0800=").append(type));
         }
     }
 }

@@ -34,7 +34,7 @@ MAY_SEE = {
 LIBRARIES = {
     "Common/DataSet": r"zlib\.h",
     "tools": r"(CLI|fmt|rapidjson)/.*|(sqlite3|utf8proc)\.h",
-    "examples": r"VDicom\w+\.h",
+    "examples": r"VDicom\w+\.h|glib-unix\.h",
     "bench": r"benchmark/.*",
     "tests": r"(gtest|gmock)/.*|zlib\.h|VDicom\w+\.h",
 }
