@@ -1,6 +1,7 @@
 #include "VDicomFile.h"
 
 #include "FileName.h"
+#include "Guarded.h"
 #include "Stream.h"
 #include "StreamAccess.h"
 
@@ -50,11 +51,8 @@ unsigned int VDicomFile::Flush() { return m_pStream != nullptr && m_pStream->IsO
 unsigned int VDicomFile::Sync() { return m_pStream != nullptr && m_pStream->IsOpen() && m_pStream->Sync() ? 1 : 0; }
 
 unsigned int VDicomFile::SyncFolder(const char* folder, int* error) {
-    int number = vdicom::platform::NumberOf(vdicom::platform::FileRefusal::memory);
-    try {
-        number = vdicom::platform::SyncFolder(folder);
-    } catch (const std::bad_alloc&) { // the number says so
-    }
+    const int noMemory = vdicom::platform::NumberOf(vdicom::platform::FileRefusal::memory);
+    const int number = vdicom::Guarded(noMemory, [folder] { return vdicom::platform::SyncFolder(folder); });
     if (error != nullptr)
         *error = number;
     return number == 0 ? 1 : 0;

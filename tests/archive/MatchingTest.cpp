@@ -71,6 +71,7 @@ constexpr Case kCases[] = {
      kYes},
     {vr::PN, "Yamada^Tarou", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "\xE5\xB1\xB1\xE7\x94\xB0*", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
+    {vr::PN, "=\xE5\xB1\xB1\xE7\x94\xB0*", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "Tarou*", "Yamada^Tarou=x", kNo},
     {vr::PN, "*^JANE", "Doe^Jane^^Dr", kNo},
     {vr::PN, "\xFF*", "Doe", kNo},

@@ -111,13 +111,16 @@ Outcome FileStore::MakeFolder(const std::string& folder) {
     if (m_known.size() > kKnownFolders)
         m_known.clear();
     std::error_code error;
-    for (std::size_t end = folder.find('/'); end != std::string::npos; end = folder.find('/', end + 1)) {
+    std::string above;
+    for (std::size_t end = folder.find('/'); !error; end = folder.find('/', end + 1)) {
         const std::string part = folder.substr(0, end);
-        if (fs::create_directory(m_folder + '/' + part, error) && m_sync)
-            m_changed.insert(part.substr(0, part.rfind('/') == std::string::npos ? 0 : part.rfind('/')));
+        fs::create_directory(m_folder + '/' + part, error);
+        if (m_sync) // also where it is there: the process that made it may have been killed since
+            m_changed.insert(above);
+        above = part;
+        if (end == std::string::npos)
+            break;
     }
-    if (fs::create_directory(m_folder + '/' + folder, error) && m_sync)
-        m_changed.insert(folder.substr(0, folder.rfind('/')));
     if (error)
         return OutOfResources("no folder can be made: " + error.message());
     m_known.insert(folder);
@@ -197,6 +200,7 @@ Outcome FileStore::GiveUp(const std::string& reason) {
     m_waiting.clear();
     m_replaced.clear();
     m_changed.clear();
+    m_known.clear();
     m_failure.clear();
     try {
         m_index.Rollback();

@@ -82,7 +82,10 @@ bool SameNumber(std::string_view a, std::string_view b) {
     return left && right ? *left == *right : a == b;
 }
 
+// Nor empty component groups in front: "=NAME" asks for a name in other letters.
 std::string_view WithoutCarets(std::string_view name) {
+    while (!name.empty() && name.front() == '=')
+        name.remove_prefix(1);
     while (!name.empty() && (name.back() == '^' || name.back() == '=' || name.back() == ' '))
         name.remove_suffix(1);
     return name;
