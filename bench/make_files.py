@@ -8,6 +8,9 @@ groups.dcm   an enhanced multi-frame image with 5,000 per-frame functional group
 frames.dcm   500 frames of 512 x 512 pixels of 16 bits: 262 MB
 sparse.dcm   an encapsulated file of 6 GiB, 96 fragments of 64 MiB, which takes next to no room on the disk
 tiny.dcm     a file of a few elements: what is measured is the start of the program
+store-small/    2,000 of small/
+store-medium/   200 images of 512 x 512 pixels: 526 KB
+store-large.dcm 2,048 frames of 512 x 512 pixels: 1 GiB
 
 Everything is the same on each run: no clock and no chance is asked.
 """
@@ -93,16 +96,16 @@ def image_pixel(rows, columns, frames=None):
         element(0x00280103, "US", 0)])
 
 
-def small(number):
-    instance = f"1.2.826.0.1.3680043.2.1143.9.3.{number}"
+def small(number, size=64, branch=3):
+    instance = f"1.2.826.0.1.3680043.2.1143.9.{branch}.{number}"
     slice_position = f"{number % 50 * 5}.0"
     return meta(CT_IMAGE, instance) + in_order(b"".join([
         image_head(CT_IMAGE, instance, number), element(0x00200032, "DS", f"-180.5\\-170.25\\{slice_position}"),
         element(0x00200037, "DS", "1\\0\\0\\0\\1\\0"), element(0x00200052, "UI", "1.2.826.0.1.3680043.2.1143.9.4"),
-        element(0x00201040, "LO", "SN"), element(0x00201041, "DS", slice_position), image_pixel(64, 64),
+        element(0x00201040, "LO", "SN"), element(0x00201041, "DS", slice_position), image_pixel(size, size),
         element(0x00281050, "DS", "40"), element(0x00281051, "DS", "400"), element(0x00281052, "DS", "-1024"),
         element(0x00281053, "DS", "1"), element(0x00321000, "DA", "20240228"), element(0x00321001, "TM", "1200"),
-        element(0x00321010, "DA", "20240228"), element(0x7FE00010, "OW", struct.pack("<H", number % 4096) * 4096)]))
+        element(0x00321010, "DA", "20240228"), element(0x7FE00010, "OW", struct.pack("<H", number % 4096) * size ** 2)]))
 
 
 def headers(number):
@@ -203,17 +206,16 @@ def write(path, data):
         os.rename(path + ".new", path)
 
 
-def write_frames(path):
+def write_frames(path, frames=500, branch=8):
     if os.path.exists(path):
         return
-    instance = "1.2.826.0.1.3680043.2.1143.9.8"
-    size = 512 * 512 * 2 * 500
+    instance = f"1.2.826.0.1.3680043.2.1143.9.{branch}"
     row = struct.pack("<512H", *((i * 7) % 4096 for i in range(512)))
     with open(path + ".new", "wb") as file:
         file.write(meta(MULTIFRAME_WORD, instance) + image_head(MULTIFRAME_WORD, instance, 1) +
-                   image_pixel(512, 512, 500))
-        file.write(struct.pack("<HH2sHI", 0x7FE0, 0x0010, b"OW", 0, size))
-        for _ in range(500):
+                   image_pixel(512, 512, frames))
+        file.write(struct.pack("<HH2sHI", 0x7FE0, 0x0010, b"OW", 0, 512 * 512 * 2 * frames))
+        for _ in range(frames):
             file.write(row * 512)
     os.rename(path + ".new", path)
 
@@ -239,7 +241,11 @@ def main():
         print(__doc__)
         return 2
     folder = sys.argv[1]
-    for name, make, number in (("small", small, 10000), ("headers", headers, 2000)):
+    def medium(number):
+        return small(number, 512, 11)
+
+    for name, make, number in (("small", small, 10000), ("headers", headers, 2000), ("store-small", small, 2000),
+                               ("store-medium", medium, 200)):
         os.makedirs(os.path.join(folder, name), exist_ok=True)
         for i in range(number):
             path = os.path.join(folder, name, f"{i:05d}.dcm")
@@ -249,6 +255,7 @@ def main():
         if not os.path.exists(os.path.join(folder, name)):
             write(os.path.join(folder, name), make())
     write_frames(os.path.join(folder, "frames.dcm"))
+    write_frames(os.path.join(folder, "store-large.dcm"), 2048, 12)
     write_sparse(os.path.join(folder, "sparse.dcm"))
     return 0
 

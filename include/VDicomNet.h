@@ -324,6 +324,8 @@ public:
     /// ...) and dropped.
     void SetLargestDataSet(VDicomUInt64 bytes);
     /// The system's buffers of sockets that are made from now on, in bytes; 29696 each unless set, 0: the system's own.
+    /// Less than two segments of the network make large data sets slow, since the sender then waits for delayed
+    /// acknowledgements: the loopback interface has segments of 64 KiB.
     void SetSocketBuffers(int send, int receive);
     /// Data sets are sent from their place: large values are read from the set's streams when the bytes leave, not
     /// copied by the Send... call. The data set, its streams and files must stay as they are until OnSend has told of
