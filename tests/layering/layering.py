@@ -33,7 +33,7 @@ MAY_SEE = {
 # Libraries that a folder may include by angle brackets, the C++ standard library aside.
 LIBRARIES = {
     "Common/DataSet": r"zlib\.h",
-    "tools": r"(CLI|fmt|rapidjson)/.*|(sqlite3|utf8proc)\.h",
+    "tools": r"(CLI|fmt|rapidjson|spdlog)/.*|(sqlite3|utf8proc)\.h",
     "examples": r"VDicom\w+\.h|glib-unix\.h",
     "bench": r"benchmark/.*",
     "tests": r"(gtest|gmock)/.*|zlib\.h|VDicom\w+\.h",

@@ -1,5 +1,5 @@
 /// @file Services.h
-/// The SOP classes of `vdicom serve`, and its answers to association requests. Pure: knows no connection.
+/// The SOP classes of `vdicom serve`, and its answers to association requests. Knows no connection.
 #pragma once
 
 #include "serve/PeersFile.h"
