@@ -3,6 +3,7 @@
 #include "Guarded.h"
 
 #include <string_view>
+#include <utility>
 
 namespace vdicom {
 
@@ -73,6 +74,7 @@ unsigned int Connection::MakeWindow(platform::WindowHandle parent) {
     m_window = platform::CreateMessageWindow("VDicomNet", parent);
     if (m_window == platform::kNoWindow)
         return DICOM_ERROR_MEMORY;
+    std::fill(std::begin(m_shown), std::end(m_shown), std::uintptr_t{0});
     platform::SetWindowSlot(m_window, objectSlot, reinterpret_cast<std::uintptr_t>(&m_net));
     platform::SetWindowSlot(m_window, serverSlot, parent);
     SetSocket(m_socket);
@@ -83,6 +85,12 @@ unsigned int Connection::MakeWindow(platform::WindowHandle parent) {
 void Connection::SetSocket(platform::SocketHandle socket) {
     m_socket = socket;
     platform::SetWindowSlot(m_window, socketSlot, static_cast<std::uintptr_t>(socket));
+}
+
+// Most messages come and leave whole: what the slots show then does not change.
+void Connection::Show(Slot slot, std::uintptr_t value) {
+    if (std::exchange(m_shown[slot], value) != value)
+        platform::SetWindowSlot(m_window, slot, value);
 }
 
 bool Connection::PostEvent(unsigned int event) {

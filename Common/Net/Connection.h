@@ -142,6 +142,7 @@ private:
     void Dispatch(const Pdu& pdu);
     void FailReceiving(unsigned int code);
     void Discard();
+    void Show(Slot slot, std::uintptr_t value);
     void ShowReceiver();
     void Notify(const ReceivedCommand& command, unsigned char contextId, VDicomDS& set, VDicomDS* data);
 
@@ -165,6 +166,7 @@ private:
     Watch* m_watch = nullptr;
 
     platform::WindowHandle m_window = platform::kNoWindow;
+    std::uintptr_t m_shown[platform::kWindowSlots] = {}; ///< what its slots hold of the bytes received and queued
     platform::SocketHandle m_socket = platform::kNoSocket;
     std::vector<platform::SocketAddress> m_addresses; ///< of the peer
     std::vector<platform::SocketAddress> m_own;       ///< to be bound to; empty: the system chooses

@@ -85,9 +85,9 @@ void Connection::Discard() {
 }
 
 void Connection::ShowReceiver() {
-    platform::SetWindowSlot(m_window, heldSlot, m_receiver.Held());
-    platform::SetWindowSlot(m_window, expectedSlot, m_receiver.Expected());
-    platform::SetWindowSlot(m_window, bufferSlot, reinterpret_cast<std::uintptr_t>(m_receiver.Buffer()));
+    Show(heldSlot, m_receiver.Held());
+    Show(expectedSlot, m_receiver.Expected());
+    Show(bufferSlot, reinterpret_cast<std::uintptr_t>(m_receiver.Buffer()));
 }
 
 void Connection::Dispatch(const Pdu& pdu) {

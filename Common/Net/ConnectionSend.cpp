@@ -104,9 +104,9 @@ VDicomULong Connection::QueuedBytes() const {
 }
 
 void Connection::ShowQueue() {
-    platform::SetWindowSlot(m_window, headSlot, reinterpret_cast<std::uintptr_t>(m_queue.Head()));
-    platform::SetWindowSlot(m_window, tailSlot, reinterpret_cast<std::uintptr_t>(m_queue.Tail()));
-    platform::SetWindowSlot(m_window, queuedSlot, QueuedBytes());
+    Show(headSlot, reinterpret_cast<std::uintptr_t>(m_queue.Head()));
+    Show(tailSlot, reinterpret_cast<std::uintptr_t>(m_queue.Tail()));
+    Show(queuedSlot, QueuedBytes());
 }
 
 void Connection::OnWriteEvent() {

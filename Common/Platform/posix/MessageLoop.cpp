@@ -271,7 +271,7 @@ bool WakeLoop(std::uintptr_t loop) {
 }
 
 std::intptr_t LoopDescriptor() {
-    const ThreadQueue* queue = ThreadQueue::Current();
+    ThreadQueue* queue = ThreadQueue::Current();
     return queue == nullptr ? -1 : queue->Descriptor();
 }
 

@@ -102,8 +102,8 @@ bool ThreadQueue::Post(const QueuedMessage& message) {
     } catch (const std::bad_alloc&) {
         return false;
     }
-    // A loop that is running looks at the queue before it waits.
-    if (std::this_thread::get_id() != m_thread || m_depth == 0)
+    // A loop looks at the queue before it waits; only another one that waits on the descriptor has to be told.
+    if (std::this_thread::get_id() != m_thread || (m_shared && m_depth == 0))
         Signal();
     return true;
 }
@@ -126,9 +126,15 @@ bool ThreadQueue::HasWork() {
     return !m_messages.empty() || m_woken || m_quit || (m_source && m_source->IsDue());
 }
 
+int ThreadQueue::Descriptor() {
+    if (!std::exchange(m_shared, true))
+        SignalWhatIsLeft();
+    return m_epoll;
+}
+
 /// For loops that wait on the descriptor.
 void ThreadQueue::SignalWhatIsLeft() {
-    if (!HasWork())
+    if (!m_shared || !HasWork())
         return;
     const std::scoped_lock lock(m_mutex);
     Signal();

@@ -56,7 +56,8 @@ public:
     /// @{
     LoopResult RunOnce(std::uint32_t milliseconds, int& quitCode);
     void PostQuit(int code);
-    int Descriptor() const { return m_epoll; }
+    /// For another loop to wait on; from now on it is made readable for what the own loop would find by itself.
+    int Descriptor();
     bool StartTimer(WindowHandle window, std::uintptr_t number, std::uint32_t milliseconds);
     bool StopTimer(WindowHandle window, std::uintptr_t number);
     void StopTimers(WindowHandle window);
@@ -93,7 +94,8 @@ private:
     int m_epoll = -1;
     int m_event = -1; ///< readable while other threads or other loops shall see that there is work
     int m_timer = -1;
-    int m_depth = 0; ///< RunOnce within RunOnce
+    int m_depth = 0;       ///< RunOnce within RunOnce
+    bool m_shared = false; ///< another loop has the descriptor
     bool m_quit = false;
     int m_quitCode = 0;
     std::map<TimerKey, Timer> m_timers;
