@@ -7,6 +7,7 @@ namespace program {
 namespace {
 
 constexpr VDicomULong kConnectPatience = 10'000, kPatience = 60'000, kReleasePatience = 5'000; // milliseconds
+constexpr std::chrono::milliseconds kBetweenTries{100};
 
 } // namespace
 
@@ -21,13 +22,32 @@ Forwarder::Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong ma
     SetTimeout(DICOM_TIMEOUT_RELEASE, kReleasePatience);
 }
 
-unsigned int Forwarder::Open(std::vector<StoreContext> contexts) {
+void Forwarder::Open(std::vector<StoreContext> contexts) {
     m_proposed = std::move(contexts);
-    const unsigned int code = Connect(nullptr, 0, m_peer.host.c_str(), m_peer.port);
-    m_state = code == DICOM_OK ? State::opening : State::closed;
-    if (code != DICOM_OK)
-        m_failure = GetErrorText(code);
-    return code;
+    m_begin = Clock::now();
+    Try();
+}
+
+void Forwarder::Try() {
+    m_state = State::opening;
+    if (const unsigned int code = Connect(nullptr, 0, m_peer.host.c_str(), m_peer.port); code != DICOM_OK)
+        NotConnected(code);
+}
+
+void Forwarder::NotConnected(unsigned int code) {
+    m_next = Clock::now() + kBetweenTries;
+    m_toTryAgain = code == DICOM_ERROR_SOCKET_REFUSED && m_next < m_begin + m_patience;
+    if (!m_toTryAgain)
+        return Lost(GetErrorText(code));
+    Close();
+    m_wake();
+}
+
+void Forwarder::LookAgain() {
+    if (!m_toTryAgain || Clock::now() < m_next)
+        return;
+    m_toTryAgain = false;
+    Try();
 }
 
 void Forwarder::Lost(std::string why) {
@@ -46,7 +66,7 @@ void Forwarder::Release() {
 
 void Forwarder::OnConnect(int nError) {
     if (nError != 0)
-        return Lost(GetErrorText(static_cast<unsigned int>(nError)));
+        return NotConnected(static_cast<unsigned int>(nError));
     VDicomAssociate request(1);
     request.SetCalled(m_peer.title.c_str());
     request.SetCalling(m_ownTitle.c_str());

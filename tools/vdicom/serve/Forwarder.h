@@ -8,6 +8,7 @@
 
 #include "VDicomNet.h"
 
+#include <chrono>
 #include <functional>
 
 namespace program {
@@ -18,8 +19,13 @@ public:
     Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong maxPdu, std::function<void()> wake);
     ~Forwarder() override { Close(); }
 
-    /// Connects and proposes. @return 0, or why not
-    unsigned int Open(std::vector<StoreContext> contexts);
+    /// Connects and proposes; GetState tells what became of it.
+    void Open(std::vector<StoreContext> contexts);
+    /// A peer that does not listen yet is tried again for so long: some begin to when they have sent their request.
+    void SetPatience(std::chrono::milliseconds patience) { m_patience = patience; }
+    /// Whether the next try of it is to come, from LookAgain.
+    bool IsToTryAgain() const { return m_toTryAgain; }
+    void LookAgain();
     /// Who stored objects, for their requests.
     void SetOrigin(unsigned short messageId) { m_originMessage = messageId; }
     void SetOnStored(std::function<void(unsigned short messageId, unsigned short status)> onStored) {
@@ -52,12 +58,21 @@ protected:
     void Lost(std::string why);
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    void Try();
+    void NotConnected(unsigned int code);
+
     KnownPeer m_peer;
     std::string m_ownTitle;
     VDicomULong m_maxPdu;
     std::function<void()> m_wake;
     std::function<void(unsigned short, unsigned short)> m_onStored;
     State m_state = State::closed;
+    std::chrono::milliseconds m_patience{0};
+    Clock::time_point m_begin; ///< of the first try
+    Clock::time_point m_next;
+    bool m_toTryAgain = false;
     std::vector<StoreContext> m_proposed;
     std::vector<StoreContext> m_accepted;
     unsigned short m_originMessage = 0;

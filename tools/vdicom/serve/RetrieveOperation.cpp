@@ -6,7 +6,8 @@ namespace program {
 
 namespace {
 
-constexpr int kMostFailures = 64; // of one turn
+constexpr int kMostFailures = 64;            // of one turn
+constexpr std::chrono::seconds kPatience{2}; // with a destination that does not listen yet
 
 } // namespace
 
@@ -78,11 +79,15 @@ StoreChannel* MoveOperation::ChannelFor(std::size_t kind, std::string& reason) {
         Server& server = m_session.TheServer();
         channel = std::make_unique<Forwarder>(m_peer, server.Settings().title, server.Settings().maxPdu,
                                               [&server, number = m_session.Number()] { server.SetWorking(number); });
+        channel->SetPatience(kPatience);
         channel->SetOrigin(m_request.messageId);
         channel->SetOnStored(
             [this](unsigned short messageId, unsigned short status) { m_objects.OnStored(messageId, status); });
         channel->Open(m_plan.Contexts(number));
     }
+    channel->LookAgain();
+    if (channel->IsToTryAgain())
+        m_session.TheServer().SetWorking(m_session.Number()); // in the next turn
     if (channel->GetState() != StoreChannel::State::closed)
         return channel.get();
     reason = channel->Failure();
