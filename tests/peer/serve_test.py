@@ -1,0 +1,323 @@
+"""vdicom serve with other toolkits' programs as its clients. Prints what was seen as rows of docs/INTEROPERABILITY.md, and
+fails for a row that is not there. Usage: serve_test.py PROGRAM SHARED DOCUMENT PEER"""
+import glob
+import os
+import shutil
+import subprocess
+import tempfile
+
+from peers import (COMPRESSED, HOST, PEER, ROWS, SYNTAXES, WORK, Running, find_file, free_port, kind_of, large, made, received, sample,
+                   same, see, syntax_of, uid_of)
+from server import Server
+from support import contains, element, equal, part10, run, sequence, skip
+
+UIDS = ("StudyInstanceUID", "SeriesInstanceUID", "SOPInstanceUID")
+SIZES = ("4096", "16384", "131072")
+# What dcmtk's clients call the syntaxes: what is proposed with -x, what is taken with +x.
+LETTERS = {"implicit": "i", "explicit": "e", "big": "b", "deflated": "d", "JPEG Baseline": "y", "JPEG lossless": "s", "JPEG-LS": "t",
+           "JPEG 2000": "v", "RLE": "r"}
+
+
+def row(what, syntax, pdu, result, peer=None):
+    ROWS.append(f"| {peer or NAMES[PEER]} | {what} | {syntax} | {pdu} | {result} | peer.serve.{PEER} |")
+
+
+def peer_run(program, *arguments, status=0):
+    """Runs a peer's command in a folder of its own; a status of None: any. Returns what it printed, and the folder."""
+    if not shutil.which(program):
+        skip(f"{program} is not there")
+    folder = tempfile.mkdtemp(dir=WORK)
+    done = subprocess.run([program, *arguments], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          timeout=120, check=False)
+    text = done.stdout.decode("utf-8", "replace")
+    assert status is None or done.returncode == status, f"{program} {arguments}: status {done.returncode}\n{text[-3000:]}"
+    return text, folder
+
+
+def archive(*arguments):
+    return Server(tempfile.mkdtemp(dir=WORK), *arguments, title="ARCHIVE")
+
+
+def peers_file(**ports):
+    path = os.path.join(tempfile.mkdtemp(dir=WORK), "peers")
+    with open(path, "w", encoding="ascii") as file:
+        file.writelines(f"{title} {HOST} {port}\n" for title, port in ports.items())
+    return path
+
+
+def objects():
+    """An object of each syntax."""
+    return {syntax: made("CT_small.dcm", syntax) for syntax in SYNTAXES} | {name: made(file) for name, file in COMPRESSED.items()}
+
+
+def keys_of(path, level="image", style="{}={}"):
+    """The unique keys down to a level, as a client wants them."""
+    keywords = {"patient": ("PatientID",), "study": UIDS[:1], "series": UIDS[:2], "image": UIDS}[level]
+    return [part for keyword in keywords for part in ("-k", style.format(keyword, uid_of(path, keyword)))]
+
+
+def arrived_in(folder, path):
+    """An object came as it was sent."""
+    stored = find_file(folder, uid_of(path))
+    equal(kind_of(stored), kind_of(path))
+    same(path, stored)
+
+
+def many(count=1500):
+    """A series of so many small objects that its answers are under way when a peer has second thoughts."""
+    folder = tempfile.mkdtemp(dir=WORK)
+    for i in range(count):
+        uid = f"1.2.826.0.7.{i}"
+        with open(os.path.join(folder, uid), "wb") as file:
+            file.write(part10(element(0x00080016, "UI", "1.2.840.10008.5.1.4.1.1.7") + element(0x00080018, "UI", uid) +
+                              element(0x00080060, "CS", "OT") + element(0x00100010, "PN", "Many^Images " + "x" * 40) +
+                              element(0x00100020, "LO", "MANY") + element(0x0020000D, "UI", "1.2.826.0.7") +
+                              element(0x0020000E, "UI", "1.2.826.0.7.0") + element(0x7FE00010, "OB", bytes(2000))))
+    return folder
+
+
+# Storing.
+
+def storescu():
+    with archive() as server:
+        peer_run("echoscu", "-aec", "ARCHIVE", *server.at)
+        row("echo", "implicit", "16384", "answered", "`echoscu` (dcmtk)")
+        for syntax, path in objects().items():
+            peer_run("storescu", "-R", f"-x{LETTERS[syntax]}", *server.at, path)
+            arrived_in(server.folder, path)
+            row("C-STORE", syntax, "16384", "stored as it is")
+    for size in SIZES:
+        with archive() as server:
+            for letter, path in (("e", large()), ("b", made("CT_small.dcm", "big")), ("v", made(COMPRESSED["JPEG 2000"]))):
+                peer_run("storescu", "-R", f"-x{letter}", "-pdu", size, *server.at, path)
+                arrived_in(server.folder, path)
+            row("C-STORE of 600 kB, and of compressed and small objects", "explicit, big, JPEG 2000", size, "stored as they are")
+    with archive("--max-pdu", "4096") as server:
+        peer_run("storescu", "-R", "-xe", "-pdu", "131072", *server.at, large())
+        arrived_in(server.folder, large())
+        row("C-STORE, serve takes PDUs of 4096 alone (`--max-pdu`)", "explicit", "4096", "stored as it is")
+        # All in one association, which ends with an abort.
+        paths = [made("CT_small.dcm", "explicit"), made("MR_small.dcm", "explicit")]
+        peer_run("storescu", "--abort", "-R", "-xe", *server.at, *paths, status=None)
+        contains(server.wait("association", end="aborted by the peer: the peer's application aborted the association; its own log may say why",
+                             stored=2)["calling"], "STORESCU")
+        for path in paths:
+            arrived_in(server.folder, path)
+        row("C-STORE of two objects, then an abort instead of a release (`--abort`)", "explicit", "4096", "both are there")
+    with archive("--known-callers", "--peers", peers_file(FRIEND=104), "--check-called") as server:
+        contains(peer_run("echoscu", "-aet", "STRANGER", "-aec", "ARCHIVE", *server.at, status=1)[0], "Calling AE Title Not Recognized")
+        row("echo of a caller who is not known (`--known-callers`)", "", "", "rejected: calling AE title not recognised", "`echoscu` (dcmtk)")
+        contains(peer_run("echoscu", "-aet", "FRIEND", "-aec", "OTHER", *server.at, status=1)[0], "Called AE Title Not Recognized")
+        row("echo to a wrong title (`--check-called`)", "", "", "rejected: called AE title not recognised", "`echoscu` (dcmtk)")
+        peer_run("echoscu", "-aet", "FRIEND", "-aec", "ARCHIVE", *server.at)
+
+
+# Queries.
+
+def findscu_run(server, *arguments, size="16384"):
+    """The responses as JSON, one after the other."""
+    text, folder = peer_run("findscu", "-v", "-X", "-pdu", size, *arguments, *server.at)
+    found = [run("dump", "--json", path).json() for path in sorted(glob.glob(os.path.join(folder, "rsp*.dcm")))]
+    return found, text
+
+
+def values(found, tag):
+    return sorted(match[tag]["Value"][0] for match in found)
+
+
+def findscu():
+    worklist = tempfile.mkdtemp(dir=WORK)
+    for name, modality in (("one", "CT"), ("two", "MR")):
+        step = element(0x00080060, "CS", modality) + element(0x00400002, "DA", "20240131") + element(0x00400009, "SH", name)
+        with open(os.path.join(worklist, name + ".dcm"), "wb") as file:
+            file.write(part10(element(0x00080005, "CS", "ISO_IR 192") + element(0x00100010, "PN", "Müller^Ü  ".encode()) +
+                              element(0x00100020, "LO", "P-" + name) + sequence(0x00400100, step)))
+    with archive() as server:
+        contains(peer_run("findscu", "-W", "-k", "PatientName", *server.at, status=None)[0], "No Acceptable Presentation Contexts")
+        row("worklist, which is not offered without `--worklist`", "", "", "the context is refused: abstract syntax not supported")
+    with archive("--worklist", worklist) as server:
+        path, other = made("CT_small.dcm", "explicit"), made("MR_small.dcm", "implicit")
+        run("store", *server.at, path, other, large())
+        tags = {"patient": "00100020", "study": "0020000D", "series": "0020000E", "image": "00080018"}
+        for model, name, levels in (("-P", "patient root", list(tags)), ("-S", "study root", list(tags)[1:]),
+                                    ("-O", "patient/study only", list(tags)[:2])):
+            for level in levels:
+                query = keys_of(path, level) + (["-k", f"PatientID={uid_of(path, 'PatientID')}"] if model != "-S" and level != "patient" else [])
+                found, _ = findscu_run(server, model, "-k", f"QueryRetrieveLevel={level.upper()}", *query)
+                keyword = {"patient": "PatientID"}.get(level, UIDS[list(tags).index(level) - 1])
+                equal(values(found, tags[level]), [uid_of(path, keyword)], f"{model} {level}")
+            row(f"C-FIND, {name}, every level", "explicit", "16384", "the match")
+        for letter, syntax in (("i", "implicit"), ("e", "explicit"), ("b", "big"), ("d", "deflated")):
+            found, _ = findscu_run(server, "-S", f"-x{letter}", "-k", "QueryRetrieveLevel=STUDY", *keys_of(path, "study"), "-k", "PatientName")
+            equal(values(found, "0020000D"), [uid_of(path, UIDS[0])], syntax)
+            row("C-FIND", syntax, "16384", "the match")
+        both = sorted([uid_of(path, UIDS[0]), uid_of(other, UIDS[0])])
+        for text, query, wanted in (("`*`", "PatientName=CompressedSamples*", both), ("`?`", "PatientName=CompressedSamples^?R1", both[1:]),
+                                    ("without case", "PatientName=compressedSAMPLES*", both),
+                                    ("a range of dates", "StudyDate=20040120-20041231", both[1:]),
+                                    ("a list of UIDs", "StudyInstanceUID=" + "\\".join([*both, "1.2.3"]), both),
+                                    ("no match", "PatientName=Nobody", [])):
+            found, _ = findscu_run(server, "-S", "-k", "QueryRetrieveLevel=STUDY", "-k", query, *(
+                [] if query.startswith("StudyInst") else ["-k", "StudyInstanceUID"]))
+            equal(values(found, "0020000D"), wanted if len(wanted) != 1 else [uid_of(other, UIDS[0])], text)
+            row(f"C-FIND, {text}", "explicit", "16384", "the matches" if wanted else "none")
+        found, _ = findscu_run(server, "-W", "-k", "ScheduledProcedureStepSequence[0].Modality=MR", "-k", "PatientID", "-k", "PatientName")
+        equal(values(found, "00100020"), ["P-two"])
+        equal(found[0]["00100010"]["Value"][0]["Alphabetic"], "Müller^Ü")
+        row("worklist, by an attribute in a sequence", "explicit", "16384", "the match, in UTF-8")
+        run("store", *server.at, many())
+        cancelled(server)
+
+
+def cancelled(server):
+    image = ("-S", "-k", "QueryRetrieveLevel=IMAGE", "-k", "StudyInstanceUID=1.2.826.0.7", "-k", "SeriesInstanceUID=1.2.826.0.7.0", "-k",
+             "SOPInstanceUID")
+    for size in SIZES:
+        text, _ = peer_run("findscu", "-v", "-pdu", size, *image, *server.at)
+        equal(text.count("Pending"), 1500)
+        row("C-FIND of 1,500 matches", "explicit", size, "all of them")
+    text, _ = peer_run("findscu", "-v", "--cancel", "3", *image, *server.at, status=None)
+    contains(text, "Cancel")
+    equal(server.wait("find", status="FE00")["calling"], "FINDSCU")
+    row("C-FIND of 1,500 matches, cancelled behind the third (`--cancel`)", "explicit", "16384", "ended with FE00")
+
+
+# Retrieving.
+
+def movescu():
+    port = free_port()
+    with archive("--peers", peers_file(MOVESCU=port)) as server:
+        for syntax, path in objects().items():
+            run("store", *server.at, path)
+            _, folder = peer_run("movescu", "-S", "+P", port, f"+x{LETTERS[syntax]}", "-od", ".", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path),
+                                 *server.at)
+            arrived_in(folder, path)
+            row("C-MOVE to itself", syntax, "16384", "arrived as it is")
+        path = made("CT_small.dcm", "explicit")
+        for model, levels in (("-P", ("patient", "study", "series", "image")), ("-S", ("study", "series", "image")), ("-O", ("patient", "study"))):
+            for level in levels:
+                query = keys_of(path, level) + ([] if model == "-S" or level == "patient" else keys_of(path, "patient"))
+                _, folder = peer_run("movescu", model, "+P", port, "+xe", "-od", ".", "-k", f"QueryRetrieveLevel={level.upper()}", *query,
+                                     *server.at)
+                same(path, find_file(folder, uid_of(path)))
+            row(f"C-MOVE, {({'-P': 'patient root', '-S': 'study root', '-O': 'patient/study only'})[model]}, every level", "explicit", "16384",
+                "arrived as they are")
+        text, _ = peer_run("movescu", "-v", "-S", "-aem", "NOBODY", "-k", "QueryRetrieveLevel=STUDY", *keys_of(path, "study"), *server.at, status=None)
+        contains(text, "MoveDestinationUnknown")
+        row("C-MOVE to a destination that the peers file does not name", "", "16384", "refused: A801")
+    for size in SIZES:
+        with Running("storescp.sh", "+xa", "-pdu", size) as target, archive("--peers", peers_file(TARGET=target.port)) as server:
+            paths = [large(), made("CT_small.dcm", "big"), made(COMPRESSED["JPEG 2000"]), made("MR_small.dcm", "implicit")]
+            run("store", *server.at, *paths)
+            for path in paths:
+                peer_run("movescu", "-S", "-pdu", size, "-aem", "TARGET", "-k", "QueryRetrieveLevel=STUDY", *keys_of(path, "study"), *server.at)
+                same(path, received(target, path))
+                equal(kind_of(received(target, path)), kind_of(path))
+            row("C-MOVE to `storescp` of 600 kB, and of compressed and small objects", "explicit, big, JPEG 2000, implicit", size,
+                "arrived as they are")
+    with Running("storescp.sh", "+xi") as target, archive("--peers", peers_file(TARGET=target.port)) as server:
+        for syntax, path in objects().items():
+            run("store", *server.at, path)
+            plain = syntax in SYNTAXES
+            text, _ = peer_run("movescu", "-v", "-S", "-aem", "TARGET", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path), *server.at,
+                               status=0 if plain else None)
+            if plain:
+                same(path, received(target, path))
+                equal(kind_of(received(target, path)), "implicit")
+            else:
+                contains(str(server.wait("move", failed=1)), "did not accept")
+        row("C-MOVE to `storescp`, which takes implicit alone", ", ".join(SYNTAXES), "16384", "encoded anew, arrived")
+        row("C-MOVE to `storescp`, which takes implicit alone", "compressed", "16384", "failed: A702, for no syntax that it takes")
+    with Running("storescp.sh") as target, archive("--peers", peers_file(TARGET=target.port)) as server:
+        run("store", *server.at, many())
+        text, _ = peer_run("movescu", "-v", "-S", "--cancel", "3", "-aem", "TARGET", "-k", "QueryRetrieveLevel=STUDY", "-k",
+                           "StudyInstanceUID=1.2.826.0.7", *server.at, status=None)
+        contains(text, "Cancel")
+        entry = server.wait("move", status="FE00")
+        assert 3 <= entry["completed"] < 1500, entry
+        row("C-MOVE of 1,500 objects, cancelled behind the third response (`--cancel`)", "explicit", "16384", "ended with FE00")
+
+
+def getscu():
+    with archive() as server:
+        for syntax, path in objects().items():
+            run("store", *server.at, path)
+            _, folder = peer_run("getscu", "-S", "+B", f"+x{LETTERS[syntax]}", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path), *server.at)
+            got = find_file(folder, uid_of(path))
+            same(path, got)
+            equal(kind_of(got), "explicit" if syntax == "implicit" else syntax) # its storage contexts never propose implicit
+            row("C-GET", syntax, "16384", f"arrived as {kind_of(got)}")
+        path = made("CT_small.dcm", "explicit")
+        for model, name, levels in (("-P", "patient root", ("patient", "study", "series", "image")), ("-S", "study root", ("study", "series", "image")),
+                                    ("-O", "patient/study only", ("patient", "study"))):
+            for level in levels:
+                query = keys_of(path, level) + ([] if model == "-S" or level == "patient" else keys_of(path, "patient"))
+                _, folder = peer_run("getscu", model, "+B", "+xe", "-k", f"QueryRetrieveLevel={level.upper()}", *query, *server.at)
+                same(path, find_file(folder, uid_of(path)))
+            row(f"C-GET, {name}, every level", "explicit", "16384", "arrived as they are")
+        run("store", *server.at, large())
+        for size in SIZES:
+            _, folder = peer_run("getscu", "-S", "+B", "-pdu", size, "-k", "QueryRetrieveLevel=STUDY", *keys_of(large(), "study"), *server.at)
+            arrived_in(folder, large())
+            row("C-GET of 600 kB", "explicit", size, "arrived as it is")
+        path = made(COMPRESSED["RLE"])
+        text, _ = peer_run("getscu", "-v", "-S", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path), *server.at, status=None)
+        contains(str(server.wait("get", status="A702", failed=1)), "did not accept")
+        row("C-GET by a peer that takes no compressed syntax", "RLE", "16384", "failed: A702, for no syntax that it takes")
+
+
+# Other implementations.
+
+def gdcmscu():
+    """It ends with an exception at every release, whoever the peer is: what counts is what arrived, and the log."""
+    port = free_port()
+    with archive("--peers", peers_file(GDCMSCU=port)) as server:
+        names = ("--call", "ARCHIVE", "--aetitle", "GDCMSCU")
+        since = len(server.log())
+        peer_run("gdcmscu", "--echo", *server.at, *names, status=None)
+        server.wait("association", since=since, end="released")
+        row("echo", "implicit", "16384", "answered")
+        paths = {syntax: path for syntax, path in objects().items() if syntax not in ("big", "deflated")}
+        for syntax, path in paths.items():
+            peer_run("gdcmscu", "--store", *server.at, *names, path, status=None)
+            same(path, find_file(server.folder, uid_of(path)))
+            row("C-STORE", syntax, "16384", f"stored as {kind_of(find_file(server.folder, uid_of(path)))}")
+        text, _ = peer_run("gdcmscu", "-D", "--find", *server.at, *names, "--study", "--studyroot", "--key", "10,10=*", status=None)
+        contains(text, "C-Find was successful")
+        equal(server.wait("find", status="0000")["matches"], len({uid_of(path, UIDS[0]) for path in paths.values()}))
+        row("C-FIND, study root, with a wildcard", "implicit", "16384", "all responses taken; it ends before it prints them")
+
+
+def odil():
+    with archive() as server:
+        names = ("ODIL", "ARCHIVE")
+        peer_run("odil", "echo", *server.at, *names)
+        row("echo", "implicit", "16384", "answered")
+        for syntax in ("implicit", "explicit", "big"):
+            path = made("CT_small.dcm", syntax)
+            peer_run("odil", "store", *server.at, *names, path)
+            same(path, find_file(server.folder, uid_of(path)), rounded=True)
+            row("C-STORE", syntax, "16384", f"stored as {kind_of(find_file(server.folder, uid_of(path)))}")
+        text, _ = peer_run("odil", "find", *server.at, *names, "study", "QueryRetrieveLevel=STUDY", "PatientName=Compressed*", "StudyInstanceUID")
+        contains(text, uid_of(path, UIDS[0]))
+        row("C-FIND, study root, with a wildcard", "explicit", "16384", "the matches")
+        path = made("CT_small.dcm", "explicit")
+        _, folder = peer_run("odil", "get", "-d", ".", *server.at, *names, "study", "QueryRetrieveLevel=IMAGE",
+                             *[f"{keyword}={uid_of(path, keyword)}" for keyword in UIDS])
+        same(path, find_file(folder, uid_of(path)), rounded=True)
+        row("C-GET", "explicit", "16384", "arrived as it is")
+
+
+def orthanc():
+    with archive() as server, Running("orthanc.sh", "ARCHIVE", server.port) as peer:
+        for syntax, path in objects().items():
+            peer.vdicom("store", path, called="ORTHANC")
+            peer_run("movescu", "-S", "-aec", "ORTHANC", "-aem", "ARCHIVE", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path), HOST, peer.port)
+            stored = find_file(server.folder, uid_of(path))
+            same(path, stored)
+            row("C-STORE", syntax, "16384", f"stored as {kind_of(stored)}")
+
+
+NAMES = {"storescu": "`storescu` (dcmtk)", "findscu": "`findscu` (dcmtk)", "movescu": "`movescu` (dcmtk)", "getscu": "`getscu` (dcmtk)",
+         "orthanc": "Orthanc", "gdcmscu": "`gdcmscu` (gdcm)", "odil": "`odil`"}
+see(globals()[PEER])
