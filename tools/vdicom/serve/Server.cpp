@@ -40,7 +40,7 @@ void Server::OnAccept(int nError) {
     auto session = std::make_unique<Session>(*this, ++m_number);
     const unsigned int code = nError != 0 ? static_cast<unsigned int>(nError) : Accept(session.get());
     if (code == DICOM_OK)
-        m_sessions.emplace(m_number, std::move(session));
+        m_sessions.emplace(m_number, std::move(session)).first->second->Opened();
     else if (code != DICOM_ERROR_SOCKET_WOULD_BLOCK)
         m_log.Error("accept").Add("comment", GetErrorText(code));
 }

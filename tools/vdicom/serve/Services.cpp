@@ -81,6 +81,8 @@ unsigned int Allow(VDicomAssociatePolicy& policy, const char* abstractSyntax, co
 } // namespace
 
 ServedClass ClassOf(std::string_view abstractSyntax) {
+    if (abstractSyntax.empty())
+        return {};
     if (abstractSyntax == uid::kVerification)
         return {ServiceKind::verification, 0};
     if (abstractSyntax == uid::kCommitment)

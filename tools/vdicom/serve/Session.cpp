@@ -47,6 +47,12 @@ std::string TextOf(VDicomDS& set, VDicomULong tag) {
     return text;
 }
 
+/// Whether nothing that follows can be understood any more.
+bool BreaksConnection(int error) {
+    return error == DICOM_ERROR_PDU_LENGTH || error == DICOM_ERROR_DATA_VALUE ||
+           (error >= DICOM_ERROR_SOCKET && error <= DICOM_ERROR_SOCKET_OTHER);
+}
+
 } // namespace
 
 Session::Session(Server& server, std::uint64_t number)
@@ -66,6 +72,13 @@ Session::~Session() {
     Close();
 }
 
+void Session::Opened() {
+    char address[DICOM_ADDRESS_SIZE] = "";
+    unsigned int port = 0;
+    GetPeerInfo(address, &port);
+    m_address = fmt::format("{}:{}", address, port);
+}
+
 // The end, and the log's line on the association.
 
 void Session::Ended(std::string_view how) {
@@ -76,11 +89,10 @@ void Session::Ended(std::string_view how) {
     if (m_end.empty())
         m_end = how;
     const auto duration = std::chrono::steady_clock::now() - m_begin;
-    const bool asked = *GetRequestAssociate()->GetCalling() != '\0';
     LogLine line = m_end == "released" || m_end == "rejected" ? m_server.TheLog().Info("association")
                                                               : m_server.TheLog().Warning("association");
     line.Add("id", m_number).Add("peer", m_address);
-    if (asked)
+    if (m_asked)
         line.Add("calling", GetRequestAssociate()->GetCalling()).Add("called", GetRequestAssociate()->GetCalled());
     line.Add("end", m_end)
         .Add("ms", std::chrono::duration_cast<std::chrono::milliseconds>(duration).count())
@@ -99,10 +111,13 @@ void Session::Abort(unsigned char reason, std::string_view why) {
 }
 
 void Session::Stop() {
-    if (m_ended)
+    constexpr std::string_view why = "the server stops";
+    if (m_ended || !m_end.empty())
         return;
-    Abort(0, "the server stops");
-    // The abort has gone to the system when the next turn has passed.
+    if (IsAssociated() != 0)
+        return Abort(0, why); // the peer closes
+    Close();
+    Ended(why);
 }
 
 bool Session::Work() {
@@ -163,15 +178,11 @@ void Session::OnSend(int /*nError*/, unsigned char /*nType*/, VDicomULong /*nByt
 // The association.
 
 void Session::OnReceiveAssociateRequest(VDicomAssociate* request) {
-    char address[DICOM_ADDRESS_SIZE] = "";
-    unsigned int port = 0;
-    GetPeerInfo(address, &port);
-    m_address = fmt::format("{}:{}", address, port);
     VDicomAssociate accept(0);
     DICOMASSOCIATEANSWER answer{};
-    if (IsAssociated() != 0 || m_logged)
+    if (IsAssociated() != 0 || m_asked)
         return Abort(2, "a second association request"); // PS3.8 Table 9-26: unexpected PDU
-    m_logged = true;
+    m_asked = true;
     if (m_server.IsFull())
         answer = {0, 2, 3, 2, 0}; // PS3.8 Table 9-21: transient, presentation, local limit exceeded
     else if (AnswerRequest(*request, m_server.Settings(), m_server.Peers(), accept, answer) != DICOM_OK)
@@ -226,10 +237,10 @@ void Session::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/, V
             m_end = "timed out";
         return; // it is closed then
     }
-    if (m_store.messageId != 0 && nError != DICOM_ERROR_DATA_VALUE) {
+    if (m_store && !BreaksConnection(nError)) {
         // The object is lost, but not the association.
         const bool full = nError == DICOM_ERROR_WRITE || nError == DICOM_ERROR_SIZE || nError == DICOM_ERROR_MEMORY;
-        const Request request = std::exchange(m_store, {});
+        const Request request = *std::exchange(m_store, std::nullopt);
         m_incoming.Discard();
         Acknowledge(request, {full ? archive::status::kOutOfResources : archive::status::kUnableToProcess, text});
         return;
@@ -254,22 +265,23 @@ void Session::OnReceiveUnknown(unsigned char id, VDicomDS* command, VDicomDS* /*
 
 VDicomFile* Session::OnReceiveTarget(unsigned char id, VDicomDS* command) {
     m_incoming.Discard();
-    m_store = {};
+    m_store.reset();
     m_storeOutcome = {};
     const bool storing = NumberOf(*command, kField) == kStoreRequest;
     SetLargestDataSet(storing ? ~VDicomUInt64{0} : kLargestIdentifier);
     if (!storing)
         return nullptr;
-    m_store = {id, NumberOf(*command, kMessageId), kStoreRequest | kResponse, TextOf(*command, kClass),
-               TextOf(*command, kInstance)};
+    const Request request{id, NumberOf(*command, kMessageId), kStoreRequest | kResponse, TextOf(*command, kClass),
+                          TextOf(*command, kInstance)};
+    m_store = request;
     const char* abstractSyntax = GetAssociate()->GetAbstract(id);
     const char* syntax = GetAssociate()->GetTransfer(id, 0);
     if (abstractSyntax == nullptr || syntax == nullptr || ClassOf(abstractSyntax).kind != ServiceKind::storage ||
-        m_store.classUid != abstractSyntax) {
+        request.classUid != abstractSyntax) {
         m_storeOutcome = {kClassNotSupported, "not the class of its presentation context"};
     } else {
         m_storeOutcome = m_server.TheArchive().Store().Begin(
-            {m_store.classUid, m_store.instanceUid, syntax, CallingTitle()}, m_incoming);
+            {request.classUid, request.instanceUid, syntax, CallingTitle()}, m_incoming);
     }
     if (!m_storeOutcome.IsSuccess()) { // it is received and thrown away, so that the peer gets its answer
         m_incoming.Discard();
@@ -282,7 +294,7 @@ void Session::OnReceiveCStoreRequest(unsigned char id, unsigned short messageID,
                                      const char* instanceUID, unsigned short /*priority*/, const char* /*moveAE*/,
                                      unsigned short /*moveMessageID*/, VDicomDS* data) {
     const Request request{id, messageID, kStoreRequest | kResponse, classUID, instanceUID};
-    m_store = {};
+    m_store.reset();
     if (data == nullptr)
         return Acknowledge(request, {kMissingData, "the request has no data set"});
     if (m_storeOutcome.IsSuccess()) {

@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace program {
@@ -36,7 +37,9 @@ public:
     /// @name For the server
     /// @{
 
-    /// The connection has ended. @param how "lost", "timed out" ...
+    /// The connection has been accepted.
+    void Opened();
+    /// The connection has ended. @param how "timed out" ...
     void Ended(std::string_view how);
     bool HasEnded() const { return m_ended; }
     /// Lets the operations go on. @return whether one of them can go on at once
@@ -101,12 +104,12 @@ private:
     std::uint64_t m_number;
     std::chrono::steady_clock::time_point m_begin;
     std::string m_address;
-    bool m_logged = false;
+    bool m_asked = false; ///< an association request has come
     bool m_ended = false;
     std::string m_end; ///< how the association ends, once that is known
 
     archive::IncomingFile m_incoming;
-    Request m_store; ///< whose data set is arriving
+    std::optional<Request> m_store; ///< whose data set is arriving
     archive::Outcome m_storeOutcome;
     std::vector<StoreContext> m_storeContexts; ///< in which the peer lets us store
     std::vector<std::unique_ptr<Operation>> m_operations;
