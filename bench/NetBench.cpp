@@ -20,7 +20,7 @@ constexpr const char* kCT = "1.2.840.10008.5.1.4.1.1.2";
 
 class Acceptor : public VDicomNet {
 public:
-    Acceptor() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {}
+    Acceptor() : VDicomNet(nullptr, DICOM_SECURE_NONE) {}
     void OnReceiveAssociateRequest(VDicomAssociate* request) override {
         VDicomAssociate accept(0);
         for (int i = 0; i < request->GetPresentationCount(); ++i) {
@@ -56,7 +56,7 @@ private:
 
 class Server : public VDicomNet {
 public:
-    Server() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {
+    Server() : VDicomNet(nullptr, DICOM_SECURE_NONE) {
         Listen("127.0.0.1", 0, 1024);
         GetHostInfo(nullptr, &port);
     }
@@ -105,7 +105,7 @@ private:
 
 class Requestor : public VDicomNet {
 public:
-    Requestor() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {}
+    Requestor() : VDicomNet(nullptr, DICOM_SECURE_NONE) {}
     void OnConnect(int) override {
         VDicomAssociate request(1);
         request.AddPresentation(1, 0, kVerification);

@@ -14,8 +14,7 @@ constexpr const char* kImplicit = "1.2.840.10008.1.2";
 /// One association: each notification takes the next step.
 class Echo : public VDicomNet {
 public:
-    explicit Echo(const char* called)
-        : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_called(called) {
+    explicit Echo(const char* called) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_called(called) {
         SetTimeout(DICOM_TIMEOUT_CONNECT, 10000);
         SetTimeout(DICOM_TIMEOUT_ASSOCIATE, 10000);
         SetTimeout(DICOM_TIMEOUT_IDLE, 10000);

@@ -14,7 +14,7 @@ constexpr const char* kVerification = "1.2.840.10008.1.1";
 
 class Echo : public VDicomNet {
 public:
-    explicit Echo(GMainLoop* loop) : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_loop(loop) {}
+    explicit Echo(GMainLoop* loop) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_loop(loop) {}
 
     void OnConnect(int nError) override {
         if (nError != 0)

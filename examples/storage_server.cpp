@@ -22,7 +22,7 @@ std::string g_folder;
 /// One accepted connection.
 class Receiver : public VDicomNet {
 public:
-    Receiver() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {
+    Receiver() : VDicomNet(nullptr, DICOM_SECURE_NONE) {
         SetTimeout(DICOM_TIMEOUT_REQUEST, 30000); // peers that connect and say nothing
         SetTimeout(DICOM_TIMEOUT_PDU, 30000);
         SetTimeout(DICOM_TIMEOUT_IDLE, 300000);
@@ -67,8 +67,7 @@ private:
 
 class Server : public VDicomNet {
 public:
-    explicit Server(int associations)
-        : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_left(associations) {}
+    explicit Server(int associations) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_left(associations) {}
 
     void OnAccept(int) override {
         auto receiver = std::make_unique<Receiver>();

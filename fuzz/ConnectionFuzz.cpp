@@ -32,7 +32,7 @@ void Pump() {
 
 class Peer : public VDicomNet {
 public:
-    Peer() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {
+    Peer() : VDicomNet(nullptr, DICOM_SECURE_NONE) {
         SetLargestPDU(1 << 20);
         SetLargestDataSet(1 << 20);
     }

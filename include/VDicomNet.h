@@ -16,10 +16,10 @@ class Connection;
 }
 
 /// How the bytes of a connection are carried (VDicomNet::Initialize).
-enum DICOMSECUREMODE : VDicomULong {
-    DICOM_SECURE_NONE = 0xABCD0000, ///< plain DICOM
-    DICOM_SECURE_ISCL = 0xABCD0001, ///< not available
-    DICOM_SECURE_TLS = 0xABCD0002   ///< TLS
+enum DICOMSECUREMODE : VDicomLong {
+    DICOM_SECURE_NONE = static_cast<VDicomLong>(0xABCD0000u), ///< plain DICOM
+    DICOM_SECURE_ISCL = static_cast<VDicomLong>(0xABCD0001u), ///< not available
+    DICOM_SECURE_TLS = static_cast<VDicomLong>(0xABCD0002u)   ///< TLS
 };
 
 /// Waits that can be given an end (VDicomNet::SetTimeout).

@@ -34,12 +34,11 @@ VDicomNet::VDicomNet(const char* path, VDicomLong /*mode*/, unsigned int /*reser
 VDicomNet::~VDicomNet() { m_pConnection->~Connection(); }
 
 unsigned int VDicomNet::Initialize(const char* path, VDicomLong mode) {
-    const auto number = static_cast<VDicomULong>(mode);
     if (m_pConnection->IsActive())
         return DICOM_ERROR_PARAMETER;
-    if (number == DICOM_SECURE_TLS)
+    if (mode == DICOM_SECURE_TLS)
         return DICOM_ERROR_UNSUPPORTED;
-    if (number != DICOM_SECURE_NONE)
+    if (mode != DICOM_SECURE_NONE)
         return DICOM_ERROR_PARAMETER;
     m_pConnection->callback = {};
     m_pConnection->callbackExt = {};

@@ -20,7 +20,7 @@ World* g_world = nullptr;
 /// Both ends of every connection; what it is notified of goes to the world first, which may destroy it.
 class Actor : public VDicomNet {
 public:
-    explicit Actor(char side) : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_side(side) {}
+    explicit Actor(char side) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_side(side) {}
     bool Stays(const char* notification);
 
     void OnConnect(int nError) override;

@@ -109,7 +109,7 @@ TEST_F(ConnectionTest, ResultCodes) {
     EXPECT_EQ(server.GetClientCount(), 1u);
     EXPECT_EQ(server.GetClient(0), &Accepted());
     EXPECT_EQ(server.GetClient(1), nullptr);
-    EXPECT_EQ(client.Initialize(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), DICOM_ERROR_PARAMETER);
+    EXPECT_EQ(client.Initialize(nullptr, DICOM_SECURE_NONE), DICOM_ERROR_PARAMETER);
     EXPECT_EQ(other.Initialize(nullptr, static_cast<VDicomLong>(DICOM_SECURE_ISCL)), DICOM_ERROR_PARAMETER);
 }
 

@@ -23,7 +23,7 @@ constexpr const char* kCT = "1.2.840.10008.5.1.4.1.1.2";
 /// A connection that writes down what it is notified of.
 class Recorder : public VDicomNet {
 public:
-    Recorder() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {}
+    Recorder() : VDicomNet(nullptr, DICOM_SECURE_NONE) {}
 
     std::vector<std::string> log;
     bool Has(const std::string& entry) const { return std::find(log.begin(), log.end(), entry) != log.end(); }
@@ -123,7 +123,7 @@ public:
 /// A server that takes every connection into a Client.
 template <class Client> class Server : public VDicomNet {
 public:
-    Server() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {}
+    Server() : VDicomNet(nullptr, DICOM_SECURE_NONE) {}
     ~Server() override { Close(); }
 
     unsigned int Start() {

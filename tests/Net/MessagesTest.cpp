@@ -94,7 +94,7 @@ _DICOMNETCALLBACK AllCallbacks() {
 /// Its notifications stay the library's own.
 class Plain : public VDicomNet {
 public:
-    Plain() : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)) {
+    Plain() : VDicomNet(nullptr, DICOM_SECURE_NONE) {
         const _DICOMNETCALLBACK all = AllCallbacks();
         SetCallback(&all);
         SetCallback(nullptr); // is ignored
@@ -295,7 +295,7 @@ TEST_F(MessagesTest, CallbackTables) {
             calls += call + "|";
         EXPECT_EQ(calls, called) << size;
     }
-    net.Initialize(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE));
+    net.Initialize(nullptr, DICOM_SECURE_NONE);
     g_calls.clear();
     net.OnSendExt(&info);
     net.OnConnect(0);

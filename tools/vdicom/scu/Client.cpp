@@ -35,7 +35,7 @@ bool AddContext(VDicomAssociate& request, unsigned char id, const char* classUid
     return good;
 }
 
-Client::Client(const Peer& peer) : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_peer(peer) {
+Client::Client(const Peer& peer) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer) {
     for (const unsigned char which :
          {DICOM_TIMEOUT_CONNECT, DICOM_TIMEOUT_ASSOCIATE, DICOM_TIMEOUT_PDU, DICOM_TIMEOUT_IDLE, DICOM_TIMEOUT_RELEASE})
         SetTimeout(which, peer.timeout);

@@ -19,8 +19,7 @@ constexpr auto kLastWait = std::chrono::seconds(3);
 } // namespace
 
 StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
-    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_receiver(receiver),
-      m_incoming(receiver.Folder()) {
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_receiver(receiver), m_incoming(receiver.Folder()) {
     SetTimeout(DICOM_TIMEOUT_REQUEST, kRequestTimeout);
     SetTimeout(DICOM_TIMEOUT_PDU, receiver.Settings().timeout);
     SetTimeout(DICOM_TIMEOUT_IDLE, receiver.Settings().timeout);
@@ -73,7 +72,7 @@ void StoreReceiverConnection::OnReceiveCEchoRequest(unsigned char id, unsigned s
 }
 
 StoreReceiver::StoreReceiver(const Peer& peer, const std::string& title, ObjectFolder& folder)
-    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_peer(peer), m_folder(folder) {
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer), m_folder(folder) {
     // Objects are stored as they come, whatever class and syntax.
     m_policy.AddAbstract(nullptr);
     m_policy.AcceptAnyTransfer(1);

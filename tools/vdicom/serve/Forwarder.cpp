@@ -12,8 +12,8 @@ constexpr std::chrono::milliseconds kBetweenTries{100};
 } // namespace
 
 Forwarder::Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong maxPdu, std::function<void()> wake)
-    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_peer(peer), m_ownTitle(std::move(ownTitle)),
-      m_maxPdu(maxPdu), m_wake(std::move(wake)) {
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer), m_ownTitle(std::move(ownTitle)), m_maxPdu(maxPdu),
+      m_wake(std::move(wake)) {
     SetSocketBuffers(0, 0);
     SetSendInPlace(1);
     SetTimeout(DICOM_TIMEOUT_CONNECT, kConnectPatience);

@@ -15,8 +15,7 @@ template <class Query> FindOperation::Source Shared(std::unique_ptr<Query> query
 } // namespace
 
 Server::Server(const ServeSettings& settings, archive::Archive& archive, PeersFile& peers, Log& log)
-    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_settings(settings), m_archive(archive),
-      m_peers(peers), m_log(log),
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_settings(settings), m_archive(archive), m_peers(peers), m_log(log),
       m_worklist(settings.worklist, [&log](const std::string& path, const std::string& why) {
           log.Warning("worklist file").Add("path", path).Add("comment", why);
       }) {

@@ -64,13 +64,20 @@ void AnswerExtended(const VDicomAssociate& request, VDicomAssociate& accept) {
     }
 }
 
-unsigned int Allow(VDicomAssociatePolicy& policy, const char* abstractSyntax, const ServeSettings& settings) {
+unsigned int Allow(VDicomAssociatePolicy& policy, const VDicomAssociate& request, unsigned char id,
+                   const ServeSettings& settings) {
+    const char* abstractSyntax = request.GetAbstract(id);
     const ServiceKind kind = ClassOf(abstractSyntax).kind;
     if (kind == ServiceKind::none || (kind == ServiceKind::worklist && settings.worklist.empty()))
         return DICOM_OK;
-    unsigned int code = policy.AddAbstract(abstractSyntax);
-    if (kind == ServiceKind::storage) // in C-GET the requestor is the one that stores
-        return code != DICOM_OK ? code : policy.AcceptRoles(abstractSyntax, 1, 1);
+    if (kind == ServiceKind::storage) {
+        // In C-GET the requestor is the one that stores.
+        unsigned int code = policy.AcceptRoles(abstractSyntax, 1, 1);
+        for (int i = 0; code == DICOM_OK && i < request.GetTransferCount(id); ++i)
+            code = policy.AddTransfer(abstractSyntax, request.GetTransfer(id, i));
+        return code;
+    }
+    unsigned int code = DICOM_OK;
     for (const char* syntax : kQuerySyntaxes) {
         if (code == DICOM_OK)
             code = policy.AddTransfer(abstractSyntax, syntax);
@@ -100,13 +107,12 @@ ServedClass ClassOf(std::string_view abstractSyntax) {
 unsigned int AnswerRequest(VDicomAssociate& request, const ServeSettings& settings, const PeersFile& peers,
                            VDicomAssociate& accept, DICOMASSOCIATEANSWER& answer) {
     VDicomAssociatePolicy policy;
-    policy.AcceptAnyTransfer(1);
     policy.SetPreference(DICOM_PREFER_REQUESTOR);
     policy.SetMaxLength(LimitFor(request, settings.maxPdu));
     policy.SetImplementation(kImplementationClass, kImplementationVersion);
     unsigned int code = settings.checkCalled ? policy.SetCalled(settings.title.c_str()) : DICOM_OK;
     for (int i = 0; code == DICOM_OK && i < request.GetPresentationCount(); ++i)
-        code = Allow(policy, request.GetAbstract(request.GetPresentation(i)), settings);
+        code = Allow(policy, request, request.GetPresentation(i), settings);
     if (code == DICOM_OK)
         code = policy.Answer(request, accept, &answer);
     if (code != DICOM_OK)

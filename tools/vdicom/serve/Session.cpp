@@ -50,13 +50,13 @@ std::string TextOf(VDicomDS& set, VDicomULong tag) {
 /// Whether nothing that follows can be understood any more.
 bool BreaksConnection(int error) {
     return error == DICOM_ERROR_PDU_LENGTH || error == DICOM_ERROR_DATA_VALUE ||
-           (error >= DICOM_ERROR_SOCKET && error <= DICOM_ERROR_SOCKET_OTHER);
+           (error >= static_cast<int>(DICOM_ERROR_SOCKET) && error <= static_cast<int>(DICOM_ERROR_SOCKET_OTHER));
 }
 
 } // namespace
 
 Session::Session(Server& server, std::uint64_t number)
-    : VDicomNet(nullptr, static_cast<VDicomLong>(DICOM_SECURE_NONE)), m_server(server), m_number(number),
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_server(server), m_number(number),
       m_begin(std::chrono::steady_clock::now()) {
     SetSocketBuffers(0, 0);
     SetSendInPlace(1);
