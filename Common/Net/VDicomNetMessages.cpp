@@ -6,13 +6,42 @@ using vdicom::Command;
 using vdicom::CommandValues;
 using vdicom::Connection;
 
-unsigned int VDicomNet::SendCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
-                                          const char* instanceUID, unsigned short priority, const char*,
-                                          unsigned short moveMessageID, VDicomDS* ds) {
+namespace {
+
+/// A request that concerns a class, and an instance where it does.
+CommandValues Request(unsigned short messageID, const char* classUID, const char* instanceUID = nullptr) {
     CommandValues values;
     values.messageId = messageID;
     values.affectedClass = classUID;
     values.affectedInstance = instanceUID;
+    return values;
+}
+
+/// A request to an instance that is there already.
+CommandValues RequestTo(unsigned short messageID, const char* classUID, const char* instanceUID) {
+    CommandValues values;
+    values.messageId = messageID;
+    values.requestedClass = classUID;
+    values.requestedInstance = instanceUID;
+    return values;
+}
+
+CommandValues Response(unsigned short messageID, unsigned short status, const char* classUID,
+                       const char* instanceUID = nullptr) {
+    CommandValues values;
+    values.respondedTo = messageID;
+    values.status = status;
+    values.affectedClass = classUID;
+    values.affectedInstance = instanceUID;
+    return values;
+}
+
+} // namespace
+
+unsigned int VDicomNet::SendCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
+                                          const char* instanceUID, unsigned short priority, const char*,
+                                          unsigned short moveMessageID, VDicomDS* ds) {
+    CommandValues values = Request(messageID, classUID, instanceUID);
     values.priority = priority;
     values.moveMessageId = moveMessageID;
     return Connection::Of(*this).SendMessage(Command::cStoreRequest, values, id, ds);
@@ -20,37 +49,25 @@ unsigned int VDicomNet::SendCStoreRequest(unsigned char id, unsigned short messa
 
 unsigned int VDicomNet::SendCStoreResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                            const char* instanceUID, unsigned short status) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::cStoreResponse, values, id, nullptr);
+    return Connection::Of(*this).SendMessage(Command::cStoreResponse,
+                                             Response(messageID, status, classUID, instanceUID), id, nullptr);
 }
 
 unsigned int VDicomNet::SendCFindRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                          unsigned short priority, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
+    CommandValues values = Request(messageID, classUID);
     values.priority = priority;
     return Connection::Of(*this).SendMessage(Command::cFindRequest, values, id, ds);
 }
 
 unsigned int VDicomNet::SendCFindResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                           unsigned short status, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::cFindResponse, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::cFindResponse, Response(messageID, status, classUID), id, ds);
 }
 
 unsigned int VDicomNet::SendCGetRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                         unsigned short priority, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
+    CommandValues values = Request(messageID, classUID);
     values.priority = priority;
     return Connection::Of(*this).SendMessage(Command::cGetRequest, values, id, ds);
 }
@@ -58,10 +75,7 @@ unsigned int VDicomNet::SendCGetRequest(unsigned char id, unsigned short message
 unsigned int VDicomNet::SendCGetResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                          unsigned short status, unsigned short remaining, unsigned short completed,
                                          unsigned short failed, unsigned short warning, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.status = status;
+    CommandValues values = Response(messageID, status, classUID);
     values.remaining = remaining;
     values.completed = completed;
     values.failed = failed;
@@ -71,9 +85,7 @@ unsigned int VDicomNet::SendCGetResponse(unsigned char id, unsigned short messag
 
 unsigned int VDicomNet::SendCMoveRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                          unsigned short priority, const char* destination, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
+    CommandValues values = Request(messageID, classUID);
     values.priority = priority;
     values.moveDestination = destination;
     return Connection::Of(*this).SendMessage(Command::cMoveRequest, values, id, ds);
@@ -82,10 +94,7 @@ unsigned int VDicomNet::SendCMoveRequest(unsigned char id, unsigned short messag
 unsigned int VDicomNet::SendCMoveResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                           unsigned short status, unsigned short remaining, unsigned short completed,
                                           unsigned short failed, unsigned short warning, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.status = status;
+    CommandValues values = Response(messageID, status, classUID);
     values.remaining = remaining;
     values.completed = completed;
     values.failed = failed;
@@ -100,27 +109,18 @@ unsigned int VDicomNet::SendCCancelRequest(unsigned char id, unsigned short mess
 }
 
 unsigned int VDicomNet::SendCEchoRequest(unsigned char id, unsigned short messageID, const char* classUID) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
-    return Connection::Of(*this).SendMessage(Command::cEchoRequest, values, id, nullptr);
+    return Connection::Of(*this).SendMessage(Command::cEchoRequest, Request(messageID, classUID), id, nullptr);
 }
 
 unsigned int VDicomNet::SendCEchoResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                           unsigned short status) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::cEchoResponse, values, id, nullptr);
+    return Connection::Of(*this).SendMessage(Command::cEchoResponse, Response(messageID, status, classUID), id,
+                                             nullptr);
 }
 
 unsigned int VDicomNet::SendNReportRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                            const char* instanceUID, unsigned short event, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
+    CommandValues values = Request(messageID, classUID, instanceUID);
     values.eventType = event;
     return Connection::Of(*this).SendMessage(Command::nReportRequest, values, id, ds);
 }
@@ -128,11 +128,7 @@ unsigned int VDicomNet::SendNReportRequest(unsigned char id, unsigned short mess
 unsigned int VDicomNet::SendNReportResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                             const char* instanceUID, unsigned short status, unsigned short event,
                                             VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
+    CommandValues values = Response(messageID, status, classUID, instanceUID);
     values.eventType = event;
     return Connection::Of(*this).SendMessage(Command::nReportResponse, values, id, ds);
 }
@@ -141,10 +137,7 @@ unsigned int VDicomNet::SendNGetRequest(unsigned char id, unsigned short message
                                         const char* instanceUID, const VDicomULong* attributes, unsigned short count) {
     if (attributes == nullptr && count != 0)
         return DICOM_ERROR_PARAMETER;
-    CommandValues values;
-    values.messageId = messageID;
-    values.requestedClass = classUID;
-    values.requestedInstance = instanceUID;
+    CommandValues values = RequestTo(messageID, classUID, instanceUID);
     values.attributes = attributes;
     values.attributeCount = count;
     return Connection::Of(*this).SendMessage(Command::nGetRequest, values, id, nullptr);
@@ -152,39 +145,24 @@ unsigned int VDicomNet::SendNGetRequest(unsigned char id, unsigned short message
 
 unsigned int VDicomNet::SendNGetResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                          const char* instanceUID, unsigned short status, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::nGetResponse, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::nGetResponse, Response(messageID, status, classUID, instanceUID),
+                                             id, ds);
 }
 
 unsigned int VDicomNet::SendNSetRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                         const char* instanceUID, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.requestedClass = classUID;
-    values.requestedInstance = instanceUID;
-    return Connection::Of(*this).SendMessage(Command::nSetRequest, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::nSetRequest, RequestTo(messageID, classUID, instanceUID), id, ds);
 }
 
 unsigned int VDicomNet::SendNSetResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                          const char* instanceUID, unsigned short status, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::nSetResponse, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::nSetResponse, Response(messageID, status, classUID, instanceUID),
+                                             id, ds);
 }
 
 unsigned int VDicomNet::SendNActionRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                            const char* instanceUID, unsigned short action, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.requestedClass = classUID;
-    values.requestedInstance = instanceUID;
+    CommandValues values = RequestTo(messageID, classUID, instanceUID);
     values.actionType = action;
     return Connection::Of(*this).SendMessage(Command::nActionRequest, values, id, ds);
 }
@@ -192,49 +170,31 @@ unsigned int VDicomNet::SendNActionRequest(unsigned char id, unsigned short mess
 unsigned int VDicomNet::SendNActionResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                             const char* instanceUID, unsigned short status, unsigned short action,
                                             VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
+    CommandValues values = Response(messageID, status, classUID, instanceUID);
     values.actionType = action;
     return Connection::Of(*this).SendMessage(Command::nActionResponse, values, id, ds);
 }
 
 unsigned int VDicomNet::SendNCreateRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                            const char* instanceUID, VDicomDS* ds) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    return Connection::Of(*this).SendMessage(Command::nCreateRequest, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::nCreateRequest, Request(messageID, classUID, instanceUID), id,
+                                             ds);
 }
 
 unsigned int VDicomNet::SendNCreateResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                             const char* instanceUID, unsigned short status, VDicomDS* ds) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::nCreateResponse, values, id, ds);
+    return Connection::Of(*this).SendMessage(Command::nCreateResponse,
+                                             Response(messageID, status, classUID, instanceUID), id, ds);
 }
 
 unsigned int VDicomNet::SendNDeleteRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                            const char* instanceUID) {
-    CommandValues values;
-    values.messageId = messageID;
-    values.requestedClass = classUID;
-    values.requestedInstance = instanceUID;
-    return Connection::Of(*this).SendMessage(Command::nDeleteRequest, values, id, nullptr);
+    return Connection::Of(*this).SendMessage(Command::nDeleteRequest, RequestTo(messageID, classUID, instanceUID), id,
+                                             nullptr);
 }
 
 unsigned int VDicomNet::SendNDeleteResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                             const char* instanceUID, unsigned short status) {
-    CommandValues values;
-    values.respondedTo = messageID;
-    values.affectedClass = classUID;
-    values.affectedInstance = instanceUID;
-    values.status = status;
-    return Connection::Of(*this).SendMessage(Command::nDeleteResponse, values, id, nullptr);
+    return Connection::Of(*this).SendMessage(Command::nDeleteResponse,
+                                             Response(messageID, status, classUID, instanceUID), id, nullptr);
 }
