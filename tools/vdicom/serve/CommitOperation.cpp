@@ -40,6 +40,8 @@ Pace CommitOperation::Work() {
     switch (m_state) {
     case State::looking:
         return Look();
+    case State::reported:
+        return LookForAnswer();
     case State::reporting:
         return GoOnReporting();
     case State::waiting:
@@ -71,12 +73,23 @@ Pace CommitOperation::BeginReport() {
     Session* session = m_server.Find(m_session);
     if (session == nullptr || session->IsAssociated() == 0)
         return Connect();
-    const unsigned int code = session->SendNReportRequest(m_contextId, kMessageId, uid::kCommitment,
+    m_messageId = session->NextReport();
+    const unsigned int code = session->SendNReportRequest(m_contextId, m_messageId, uid::kCommitment,
                                                           uid::kCommitmentInstance, m_event, &m_report);
     if (code != DICOM_OK)
         return Connect();
-    m_state = State::done;
-    return Pace::done;
+    m_state = State::reported;
+    return Pace::waiting;
+}
+
+// A peer that released the association meanwhile has not read the report.
+Pace CommitOperation::LookForAnswer() {
+    const Session* session = m_server.Find(m_session);
+    if (session != nullptr && session->IsReportAnswered(m_messageId)) {
+        m_state = State::done;
+        return Pace::done;
+    }
+    return session == nullptr ? Connect() : Pace::waiting;
 }
 
 Pace CommitOperation::Connect() {

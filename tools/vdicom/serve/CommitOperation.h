@@ -44,10 +44,11 @@ public:
     bool IsDone() const { return m_state == State::done; }
 
 private:
-    enum class State { looking, reporting, waiting, done };
+    enum class State { looking, reported, reporting, waiting, done };
 
     Operation::Pace Look();
     Operation::Pace BeginReport();
+    Operation::Pace LookForAnswer();
     Operation::Pace Connect();
     Operation::Pace GoOnReporting();
     Operation::Pace TryLater(const std::string& why);
@@ -59,6 +60,7 @@ private:
     std::unique_ptr<archive::Commitment> m_commitment;
     State m_state = State::looking;
     unsigned short m_event = 0;
+    unsigned short m_messageId = 0; ///< of the report over the association that asked
     VDicomDS m_report;
     std::unique_ptr<Reporter> m_reporter;
     bool m_sent = false;

@@ -26,8 +26,11 @@ public:
     /// Whether the next try of it is to come, from LookAgain.
     bool IsToTryAgain() const { return m_toTryAgain; }
     void LookAgain();
-    /// Who stored objects, for their requests.
-    void SetOrigin(unsigned short messageId) { m_originMessage = messageId; }
+    /// Who asked for the objects, and with which message: their requests say so.
+    void SetOrigin(std::string title, unsigned short messageId) {
+        m_originTitle = std::move(title);
+        m_originMessage = messageId;
+    }
     void SetOnStored(std::function<void(unsigned short messageId, unsigned short status)> onStored) {
         m_onStored = std::move(onStored);
     }
@@ -75,6 +78,7 @@ private:
     bool m_toTryAgain = false;
     std::vector<StoreContext> m_proposed;
     std::vector<StoreContext> m_accepted;
+    std::string m_originTitle;
     unsigned short m_originMessage = 0;
     std::string m_failure;
 };

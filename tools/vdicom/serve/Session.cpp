@@ -452,6 +452,7 @@ void Session::OnReceiveNActionRequest(unsigned char id, unsigned short messageID
 void Session::OnReceiveNReportResponse(unsigned char /*id*/, unsigned short messageID, const char* /*classUID*/,
                                        const char* /*instanceUID*/, unsigned short status, unsigned short /*event*/,
                                        VDicomDS* /*data*/) {
+    m_answeredReports.insert(messageID);
     LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, "commit report")
         .Add("message", messageID)
         .AddStatus(status);

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace program {
@@ -59,6 +60,9 @@ public:
     std::string CallingTitle() { return GetRequestAssociate()->GetCalling(); }
     /// Takes an operation in, which goes on from the next turn.
     void Begin(std::unique_ptr<Operation> operation);
+    /// Message ID for a report of storage commitment, and whether the peer has answered it.
+    unsigned short NextReport() { return ++m_reports; }
+    bool IsReportAnswered(unsigned short messageId) const { return m_answeredReports.count(messageId) != 0; }
     /// @}
 
     State GetState() override { return m_ended || IsAssociated() == 0 ? State::closed : State::ready; }
@@ -113,6 +117,8 @@ private:
     archive::Outcome m_storeOutcome;
     std::vector<StoreContext> m_storeContexts; ///< in which the peer lets us store
     std::vector<std::unique_ptr<Operation>> m_operations;
+    unsigned short m_reports = 0;
+    std::set<unsigned short> m_answeredReports;
     unsigned int m_unsent = 0; ///< answers since everything had left
 
     std::uint64_t m_stored = 0;
