@@ -4,6 +4,7 @@ import glob
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 
 from peers import (COMPRESSED, HOST, PEER, ROWS, SYNTAXES, WORK, Running, find_file, free_port, kind_of, large, made, received, sample,
@@ -16,6 +17,10 @@ SIZES = ("4096", "16384", "131072")
 # What dcmtk's clients call the syntaxes: what is proposed with -x, what is taken with +x.
 LETTERS = {"implicit": "i", "explicit": "e", "big": "b", "deflated": "d", "JPEG Baseline": "y", "JPEG lossless": "s", "JPEG-LS": "t",
            "JPEG 2000": "v", "RLE": "r"}
+
+# What many() has made.
+IMAGES = ("-S", "-k", "QueryRetrieveLevel=IMAGE", "-k", "StudyInstanceUID=1.2.826.0.7", "-k", "SeriesInstanceUID=1.2.826.0.7.0", "-k",
+          "SOPInstanceUID")
 
 
 def row(what, syntax, pdu, result, peer=None):
@@ -170,16 +175,31 @@ def findscu():
 
 
 def cancelled(server):
-    image = ("-S", "-k", "QueryRetrieveLevel=IMAGE", "-k", "StudyInstanceUID=1.2.826.0.7", "-k", "SeriesInstanceUID=1.2.826.0.7.0", "-k",
-             "SOPInstanceUID")
+    killed_in_the_middle(server, "findscu", *IMAGES)
+    row("C-FIND of 1,500 matches, the peer is killed behind the first", "explicit", "16384", "the query ends, the next peer is served")
     for size in SIZES:
-        text, _ = peer_run("findscu", "-v", "-pdu", size, *image, *server.at)
+        text, _ = peer_run("findscu", "-v", "-pdu", size, *IMAGES, *server.at)
         equal(text.count("Pending"), 1500)
         row("C-FIND of 1,500 matches", "explicit", size, "all of them")
-    text, _ = peer_run("findscu", "-v", "--cancel", "3", *image, *server.at, status=None)
+    text, _ = peer_run("findscu", "-v", "--cancel", "3", *IMAGES, *server.at, status=None)
     contains(text, "Cancel")
     equal(server.wait("find", status="FE00")["calling"], "FINDSCU")
     row("C-FIND of 1,500 matches, cancelled behind the third (`--cancel`)", "explicit", "16384", "ended with FE00")
+
+
+def killed_in_the_middle(server, program, *arguments):
+    """A peer that goes while its answer is under way: the operation ends, the next one is served."""
+    folder = tempfile.mkdtemp(dir=WORK)
+    since = len(server.log())
+    with subprocess.Popen(["stdbuf", "-oL", program, "-v", *arguments, *server.at], cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT) as peer:
+        for line in peer.stdout:
+            if b"Pending" in line or b"C-STORE Request" in line:
+                break
+        peer.kill()
+    ended = server.wait("association", since=since)
+    assert ended["end"] != "released", ended
+    equal([entry for entry in server.log()[since:] if entry["event"] in ("find", "get") and entry["status"] == "0000"], [])
+    peer_run("echoscu", *server.at)
 
 
 # Retrieving.
@@ -260,6 +280,9 @@ def getscu():
             _, folder = peer_run("getscu", "-S", "+B", "-pdu", size, "-k", "QueryRetrieveLevel=STUDY", *keys_of(large(), "study"), *server.at)
             arrived_in(folder, large())
             row("C-GET of 600 kB", "explicit", size, "arrived as it is")
+        run("store", *server.at, many())
+        killed_in_the_middle(server, "getscu", "-S", "+B", "-k", "QueryRetrieveLevel=STUDY", "-k", "StudyInstanceUID=1.2.826.0.7")
+        row("C-GET of 1,500 objects, the peer is killed behind the first", "explicit", "16384", "the retrieval ends, the next peer is served")
         path = made(COMPRESSED["RLE"])
         text, _ = peer_run("getscu", "-v", "-S", "-k", "QueryRetrieveLevel=IMAGE", *keys_of(path), *server.at, status=None)
         contains(str(server.wait("get", status="A702", failed=1)), "did not accept")
@@ -270,8 +293,7 @@ def getscu():
 
 def gdcmscu():
     """It ends with an exception at every release, whoever the peer is: what counts is what arrived, and the log."""
-    port = free_port()
-    with archive("--peers", peers_file(GDCMSCU=port)) as server:
+    with archive() as server:
         names = ("--call", "ARCHIVE", "--aetitle", "GDCMSCU")
         since = len(server.log())
         peer_run("gdcmscu", "--echo", *server.at, *names, status=None)
@@ -318,6 +340,35 @@ def orthanc():
             row("C-STORE", syntax, "16384", f"stored as {kind_of(stored)}")
 
 
+# Storage commitment.
+
+def commit():
+    """With a small client of ours, as no program here asks for it."""
+    port = free_port()
+    references = [item_of(made("CT_small.dcm", "explicit")), item_of(made("MR_small.dcm", "implicit"))]
+    missing = element(0x00081150, "UI", "1.2.840.10008.5.1.4.1.1.2") + element(0x00081155, "UI", "1.2.826.0.99")
+    with archive("--peers", peers_file(COMMITTER=port)) as server:
+        run("store", *server.at, made("CT_small.dcm", "explicit"), made("MR_small.dcm", "implicit"))
+        for own, where in (("0", "over the association that asked"), (port, "over a new one, after a release")):
+            for asked, event, result in ((references, 1, "all committed"), ([*references, missing], 2, "two committed, one failed: 0112")):
+                folder = tempfile.mkdtemp(dir=WORK)
+                with open(os.path.join(folder, "request"), "wb") as file:
+                    file.write(part10(element(0x00081195, "UI", "1.2.826.0.1.77") + sequence(0x00081199, *asked)))
+                text, _ = peer_run(sys.argv[5], server.port, own, os.path.join(folder, "request"), os.path.join(folder, "report"))
+                contains(text, f"event {event}")
+                report = run("dump", "--json", os.path.join(folder, "report")).json()
+                equal(report["00081195"]["Value"], ["1.2.826.0.1.77"])
+                equal(len(report["00081199"]["Value"]), 2)
+                equal([(one["00081155"]["Value"], one["00081197"]["Value"]) for one in report.get("00081198", {}).get("Value", [])],
+                      [(["1.2.826.0.99"], [0x0112])] if event == 2 else [])
+                row(f"N-ACTION, report {where}", "explicit", "16384", result)
+
+
+def item_of(path):
+    return element(0x00081150, "UI", uid_of(path, "SOPClassUID")) + element(0x00081155, "UI", uid_of(path))
+
+
 NAMES = {"storescu": "`storescu` (dcmtk)", "findscu": "`findscu` (dcmtk)", "movescu": "`movescu` (dcmtk)", "getscu": "`getscu` (dcmtk)",
-         "orthanc": "Orthanc", "gdcmscu": "`gdcmscu` (gdcm)", "odil": "`odil`"}
+         "orthanc": "Orthanc", "gdcmscu": "`gdcmscu` (gdcm)", "odil": "`odil`",
+         "commit": "a client of this library"}
 see(globals()[PEER])
