@@ -63,7 +63,7 @@ public:
     void OnAccept(int) override {
         auto client = std::make_unique<Acceptor>();
         if (Accept(client.get()) == DICOM_OK)
-            client.release();
+            static_cast<void>(client.release()); // OnClose deletes it
     }
     void OnClose(int, VDicomNet* connection) override { delete connection; }
     ~Server() override {

@@ -229,6 +229,8 @@ public:
     VDicomNet& operator=(const VDicomNet&) = delete;
 
     /// Sets the mode, opens the connection's streams on `path` and clears the callback tables. Not while connected.
+    /// After a mode that is refused, Connect, Listen and Accept into the object give the same code: nothing that was to
+    /// be secure is sent in the clear.
     /// @return 0; DICOM_ERROR_PARAMETER (another mode, or DICOM_SECURE_ISCL; connected); DICOM_ERROR_UNSUPPORTED (TLS
     /// is not available); DICOM_ERROR_MEMORY
     unsigned int Initialize(const char* path, VDicomLong mode);
@@ -309,7 +311,8 @@ public:
     void SetCallbackExt(const _DICOMNETCALLBACKEXT* callback);
     /// While flags are set, what has been sent is told by OnSendExt instead of OnSend. @return the flags so far
     VDicomULong SetDebugMode(VDicomULong flags);
-    /// Ends a wait that lasts longer than `milliseconds`; 0: it may last for ever, as all do unless set.
+    /// Ends a wait that lasts longer than `milliseconds`; 0: it may last for ever, as all do unless set. To be set
+    /// before the wait begins, that of a request for example before Accept.
     ///
     /// A connection that is not made in time is told by OnConnect(DICOM_ERROR_TIMEOUT). The other time-outs are told by
     /// OnReceive(DICOM_ERROR_TIMEOUT, which, null, 0); if the application has not closed the connection there, it is

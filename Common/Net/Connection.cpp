@@ -123,6 +123,8 @@ unsigned int Connection::Connect(const char* hostAddress, unsigned int hostPort,
                                  unsigned int peerPort) {
     if (IsActive())
         return DICOM_ERROR_SOCKET_CONNECTED;
+    if (refused != DICOM_OK)
+        return refused;
     return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         m_own.clear();
         if (IsGiven(hostAddress) || hostPort != 0) {
@@ -178,6 +180,8 @@ unsigned int Connection::ConnectNext() {
 unsigned int Connection::Listen(const char* hostAddress, unsigned int hostPort, int backlog) {
     if (IsActive())
         return DICOM_ERROR_SOCKET_CONNECTED;
+    if (refused != DICOM_OK)
+        return refused;
     return Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
         const char* own = IsGiven(hostAddress) ? hostAddress : nullptr;
         if (const int error = platform::ResolveAddress(own, hostPort, true, m_own); error != 0)
@@ -219,6 +223,8 @@ unsigned int Connection::ListenAt(const platform::SocketAddress& address, int ba
 unsigned int Connection::Accept(Connection& client) {
     if (!IsActive() || client.IsActive())
         return DICOM_ERROR_SOCKET_NOT_CONNECTED;
+    if (client.refused != DICOM_OK)
+        return client.refused;
     platform::SocketHandle socket = platform::kNoSocket;
     if (const int error = platform::AcceptSocket(m_socket, socket); error != 0)
         return CodeOf(error);

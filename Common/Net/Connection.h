@@ -106,6 +106,7 @@ public:
     void* userData = nullptr;
     bool sendInPlace = false;
     bool connected = false;
+    unsigned int refused = 0; ///< why no connection can be made: the mode that was asked for is not available
     bool IsAssociated() const { return m_layer.IsAssociated(); }
 
     /// @name Steps of the upper layer, and what the assembler asks and tells

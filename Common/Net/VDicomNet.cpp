@@ -36,10 +36,11 @@ VDicomNet::~VDicomNet() { m_pConnection->~Connection(); }
 unsigned int VDicomNet::Initialize(const char* path, VDicomLong mode) {
     if (m_pConnection->IsActive())
         return DICOM_ERROR_PARAMETER;
-    if (mode == DICOM_SECURE_TLS)
-        return DICOM_ERROR_UNSUPPORTED;
-    if (mode != DICOM_SECURE_NONE)
-        return DICOM_ERROR_PARAMETER;
+    m_pConnection->refused = mode == DICOM_SECURE_NONE  ? DICOM_OK
+                             : mode == DICOM_SECURE_TLS ? DICOM_ERROR_UNSUPPORTED
+                                                        : DICOM_ERROR_PARAMETER;
+    if (m_pConnection->refused != DICOM_OK)
+        return m_pConnection->refused;
     m_pConnection->callback = {};
     m_pConnection->callbackExt = {};
     return m_pConnection->SetTempPath(path);

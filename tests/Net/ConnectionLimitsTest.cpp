@@ -111,6 +111,11 @@ TEST_F(ConnectionTest, ResultCodes) {
     EXPECT_EQ(server.GetClient(1), nullptr);
     EXPECT_EQ(client.Initialize(nullptr, DICOM_SECURE_NONE), DICOM_ERROR_PARAMETER);
     EXPECT_EQ(other.Initialize(nullptr, static_cast<VDicomLong>(DICOM_SECURE_ISCL)), DICOM_ERROR_PARAMETER);
+    EXPECT_EQ(other.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_ERROR_PARAMETER) << "never plain instead";
+    VDicomNet secure(nullptr, static_cast<VDicomLong>(DICOM_SECURE_TLS));
+    EXPECT_EQ(secure.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_ERROR_UNSUPPORTED);
+    EXPECT_EQ(secure.Listen("127.0.0.1", 0, 1), DICOM_ERROR_UNSUPPORTED);
+    EXPECT_EQ(server.Accept(&secure), DICOM_ERROR_UNSUPPORTED);
 }
 
 TEST_F(NetworkTest, Addresses) {

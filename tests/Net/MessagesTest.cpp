@@ -43,10 +43,11 @@ template <class R, class... A> struct Slot<R(VDICOM_CALLBACK*)(VDicomNet*, A...)
         return name;
     }
 };
-// NOLINTNEXTLINE(bugprone-macro-parentheses): the name of a member
+// NOLINTBEGIN(bugprone-macro-parentheses): the name of a member
 #define SET(table, member)                                                                                             \
     Slot<decltype(table.member)>::Name<__COUNTER__>() = #member;                                                       \
     table.member = Slot<decltype(table.member)>::Called<__COUNTER__ - 1>
+// NOLINTEND(bugprone-macro-parentheses)
 
 _DICOMNETCALLBACK AllCallbacks() {
     _DICOMNETCALLBACK all{};
