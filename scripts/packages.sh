@@ -25,6 +25,7 @@ packages_tests=(
     python3          # the layering test
     dcmtk            # peers: dcmdump, dcmconv, dcm2json; storescp, dcmqrscp, wlmscpfs
     orthanc          # peer: an archive
+    odil             # peer: a client of another implementation
     libgdcm-tools    # peers: gdcmdump, gdcmscanner, gdcmconv
     dicom3tools      # peer: dciodvfy
     doxygen          # API reference without warnings
