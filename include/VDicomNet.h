@@ -323,7 +323,9 @@ public:
     /// The greatest length field of a PDU that is accepted, in bytes; 128 MiB unless set. A longer one is told by
     /// OnReceive(DICOM_ERROR_PDU_LENGTH, ...), and nothing is received after it.
     void SetLargestPDU(VDicomULong length);
-    /// Bytes of a data set that is received; no limit unless set. A longer one is told by OnReceive(DICOM_ERROR_SIZE,
+    /// Bytes of a data set that is received, and that a deflated one inflates to; unless set there is no limit of the
+    /// first and one of 16 GiB of the second. A longer one is told by OnReceive(DICOM_ERROR_SIZE or
+    /// DICOM_ERROR_DEFLATE,
     /// ...) and dropped.
     void SetLargestDataSet(VDicomUInt64 bytes);
     /// The system's buffers of sockets that are made from now on, in bytes; 29696 each unless set, 0: the system's own.

@@ -427,7 +427,9 @@ void Connection::ArmAfterSending(UpperEvent event) {
     case UpperEvent::sendAssociateReject:
     case UpperEvent::sendReleaseResponse:
     case UpperEvent::sendAbort:
-        return Arm(DICOM_TIMEOUT_CLOSE);
+        if (m_deadlines[DICOM_TIMEOUT_CLOSE] == Clock::time_point())
+            Arm(DICOM_TIMEOUT_CLOSE);
+        return;
     default:
         return;
     }

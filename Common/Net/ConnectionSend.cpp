@@ -83,7 +83,14 @@ unsigned int Connection::SendMessage(Command command, const CommandValues& value
     unsigned int code = WriteCommand(command, values, data != nullptr, m_command);
     if (code == DICOM_OK)
         code = SendSet(true, contextId, &m_command);
-    return code == DICOM_OK && data != nullptr ? SendSet(false, contextId, data) : code;
+    if (code != DICOM_OK || data == nullptr)
+        return code;
+    code = SendSet(false, contextId, data);
+    if (code != DICOM_OK && !m_queue.IsEmpty()) { // a command without its data set would be half a message
+        m_queue.DropLast();
+        ShowQueue();
+    }
+    return code;
 }
 
 // Something was appended; it leaves on the write event.

@@ -116,7 +116,10 @@ unsigned int VDicomNet::SetTimeout(unsigned char which, VDicomULong milliseconds
 
 void VDicomNet::SetLargestPDU(VDicomULong length) { m_pConnection->SetLargestPdu(length); }
 
-void VDicomNet::SetLargestDataSet(VDicomUInt64 bytes) { m_pConnection->assembler.limits.data = bytes; }
+void VDicomNet::SetLargestDataSet(VDicomUInt64 bytes) {
+    m_pConnection->assembler.limits.data = bytes;
+    m_pConnection->assembler.limits.inflated = std::min(bytes, vdicom::PDataLimits().inflated);
+}
 
 void VDicomNet::SetSocketBuffers(int send, int receive) {
     m_pConnection->socketOptions.sendBuffer = send;

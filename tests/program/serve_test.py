@@ -3,6 +3,7 @@ import os
 import random
 import signal
 import socket
+import sqlite3
 import struct
 import subprocess
 import sys
@@ -196,6 +197,77 @@ def test_bad_peers_disturb_nobody(folder):
             while len(os.listdir(descriptors)) > 40 and time.monotonic() < end:
                 time.sleep(0.05)
             assert len(os.listdir(descriptors)) <= 40, len(os.listdir(descriptors))
+
+
+def pdu(kind, content):
+    return bytes([kind, 0]) + struct.pack(">I", len(content)) + content
+
+
+def item(kind, content):
+    return bytes([kind, 0]) + struct.pack(">H", len(content)) + content
+
+
+def association(kind, calling=b"STRANGER", abstract=b"1.2.840.10008.1.1", syntax=b"1.2.840.10008.1.2"):
+    """An A-ASSOCIATE-RQ (1) or -AC (2) with one presentation context."""
+    answer = kind == 2
+    context = bytes([1, 0, 0, 0]) + (b"" if answer else item(0x30, abstract)) + item(0x40, syntax)
+    user = item(0x50, item(0x51, struct.pack(">I", 16384)))
+    return pdu(kind, b"\0\1\0\0" + b"ARCHIVE".ljust(16) + calling.ljust(16) + bytes(32) +
+               item(0x10, b"1.2.840.10008.3.1.1.1") + item(0x21 if answer else 0x20, context) + user)
+
+
+def message(field, message_id, *more, data_set=0x0101, abstract="1.2.840.10008.1.1"):
+    elements = (element(0x00000002, "UI", abstract, implicit=True) +
+                element(0x00000100, "US", struct.pack("<H", field), implicit=True) +
+                element(0x00000110, "US", struct.pack("<H", message_id), implicit=True) + b"".join(more) +
+                element(0x00000800, "US", struct.pack("<H", data_set), implicit=True))
+    return pdu(4, struct.pack(">IBB", len(elements) + 2, 1, 3) + elements)
+
+
+def talk(server, *pdus, until=b""):
+    """Sends all, and reads until the server closes, or until `until` has come."""
+    with socket.create_connection(("127.0.0.1", int(server.port))) as one:
+        one.settimeout(15)
+        received = b""
+        try:
+            for bytes_ in pdus:
+                one.sendall(bytes_)
+                time.sleep(0.05)
+            while (piece := one.recv(65536)) and (not until or until not in received + piece):
+                received += piece
+            received += piece
+        except ConnectionError:
+            pass
+        return received
+
+
+def test_a_peer_cannot_accept_itself_and_gets_an_answer_to_every_request(folder):
+    peers = folder.write("peers", b"FRIEND 127.0.0.1 104\n")
+    with Server(folder("archive"), "--peers", peers, "--known-callers") as server:
+        echo = message(0x0030, 7)
+        assert talk(server, association(1), association(2), echo)[:1] == b"\3"  # rejected, and nothing after it
+        for forged in (association(2), pdu(3, b"\0\1\1\1"), pdu(6, bytes(4))):
+            assert talk(server, forged, echo) == b"", forged
+        friend = association(1, b"FRIEND")
+        status = element(0x00000900, "US", struct.pack("<H", 0x0211), implicit=True)
+        for field in (0x0100, 0x0110, 0x0120, 0x0140, 0x0150, 0x7777):
+            assert status in talk(server, friend, message(field, 9), until=status), hex(field)
+        # Releases without end are answered once, and the connection ends.
+        assert talk(server, friend, pdu(5, bytes(4)) * 1000).count(pdu(6, bytes(4))) == 1
+
+
+def test_storing_goes_on_after_the_index_was_locked(folder):
+    with Server(folder("archive")) as server:
+        fill(folder, server, 1)
+        other = sqlite3.connect(os.path.join(server.folder, ".vdicom/index.sqlite"), isolation_level=None)
+        other.execute("BEGIN IMMEDIATE")
+        path = make(folder, "late.dcm", "P9", "1.2.9", "1.2.9.1", "1.2.9.99")
+        run("store", *server.at, path, status=1)
+        assert server.log("store")[-1]["status"] == "A700"
+        other.execute("ROLLBACK")
+        other.close()
+        run("store", *server.at, path)
+        assert len(files_below(server.folder)) == 2
 
 
 main(sys.modules[__name__])

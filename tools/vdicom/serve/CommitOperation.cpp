@@ -8,7 +8,7 @@ namespace {
 
 using Pace = Operation::Pace;
 
-constexpr std::size_t kObjectsPerTurn = 64;
+constexpr std::size_t kObjectsPerTurn = 16;
 constexpr int kMostAttempts = 5;
 constexpr std::chrono::seconds kBetweenAttempts{30};
 constexpr unsigned short kMessageId = 1;
@@ -56,6 +56,9 @@ Pace CommitOperation::Look() {
         if (!m_commitment->Work(kObjectsPerTurn))
             return Pace::more;
         m_event = m_commitment->Report(m_report);
+        m_commitment.reset(); // it has a reader of the index
+        if (m_event == 0)
+            throw std::bad_alloc();
     } catch (const std::exception& error) {
         m_server.TheLog().Error("commit").Add("calling", m_title).Add("comment", error.what());
         m_state = State::done;
@@ -84,8 +87,8 @@ Pace CommitOperation::BeginReport() {
 
 // A peer that released the association meanwhile has not read the report.
 Pace CommitOperation::LookForAnswer() {
-    const Session* session = m_server.Find(m_session);
-    if (session != nullptr && session->IsReportAnswered(m_messageId)) {
+    Session* session = m_server.Find(m_session);
+    if (session != nullptr && session->TakeReportAnswer(m_messageId)) {
         m_state = State::done;
         return Pace::done;
     }

@@ -42,6 +42,7 @@ public:
 
     Operation::Pace Work();
     bool IsDone() const { return m_state == State::done; }
+    const std::string& Title() const { return m_title; }
 
 private:
     enum class State { looking, reported, reporting, waiting, done };

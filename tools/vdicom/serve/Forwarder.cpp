@@ -6,7 +6,8 @@ namespace program {
 
 namespace {
 
-constexpr VDicomULong kConnectPatience = 10'000, kPatience = 60'000, kReleasePatience = 5'000; // milliseconds
+constexpr VDicomULong kConnectPatience = 10'000, kPatience = 300'000, kReleasePatience = 5'000; // milliseconds
+constexpr VDicomULong kLargestReceived = VDicomULong{1} << 20;                                  // answers alone
 constexpr std::chrono::milliseconds kBetweenTries{100};
 
 } // namespace
@@ -16,6 +17,8 @@ Forwarder::Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong ma
       m_wake(std::move(wake)) {
     SetSocketBuffers(0, 0);
     SetSendInPlace(1);
+    SetLargestPDU(kLargestReceived);
+    SetLargestDataSet(kLargestReceived);
     SetTimeout(DICOM_TIMEOUT_CONNECT, kConnectPatience);
     SetTimeout(DICOM_TIMEOUT_ASSOCIATE, kPatience);
     SetTimeout(DICOM_TIMEOUT_IDLE, kPatience);
@@ -83,6 +86,8 @@ void Forwarder::OnConnect(int nError) {
 }
 
 void Forwarder::OnReceiveAssociateAccept(VDicomAssociate* accept) {
+    if (m_state != State::opening)
+        return Lost("the peer accepted twice");
     for (int i = 0; i < accept->GetPresentationCount(); ++i) {
         const unsigned char id = accept->GetPresentation(i);
         const char* syntax = accept->GetTransfer(id, 0);
@@ -99,11 +104,12 @@ void Forwarder::OnReceiveAssociateReject(unsigned char result, unsigned char sou
 
 void Forwarder::OnReceiveAbort(unsigned char source, unsigned char reason) { Lost(AbortText(source, reason)); }
 
-void Forwarder::OnReceiveReleaseRequest() {
-    SendReleaseResponse();
-    m_failure = "the peer released the association";
-    m_state = State::closed;
-    m_wake();
+// What was queued is dropped: the data sets that it is sent from are not kept for it.
+void Forwarder::OnReceiveReleaseRequest() { Lost("the peer released the association"); }
+
+void Forwarder::OnSend(int /*nError*/, unsigned char /*nType*/, VDicomULong /*nBytes*/) {
+    if (HasSent())
+        m_wake();
 }
 
 void Forwarder::OnClose(int nError, VDicomNet* /*connection*/) {

@@ -44,7 +44,11 @@ public:
     /// Why it is closed.
     const std::string& Failure() const { return m_failure; }
 
+    unsigned short NextMessageId() override { return ++m_nextMessage; }
+    bool HasSent() override { return GetQueueSend() == 0; }
+
     void OnConnect(int nError) override;
+    void OnSend(int nError, unsigned char nType, VDicomULong nBytes) override;
     void OnClose(int nError, VDicomNet* connection) override;
     void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override;
     void OnReceiveAssociateAccept(VDicomAssociate* accept) override;
@@ -80,6 +84,7 @@ private:
     std::vector<StoreContext> m_accepted;
     std::string m_originTitle;
     unsigned short m_originMessage = 0;
+    unsigned short m_nextMessage = 0;
     std::string m_failure;
 };
 

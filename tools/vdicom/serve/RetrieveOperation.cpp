@@ -8,6 +8,8 @@ namespace {
 
 constexpr int kMostFailures = 64;            // of one turn
 constexpr std::chrono::seconds kPatience{2}; // with a destination that does not listen yet
+constexpr std::chrono::seconds kBetweenResponses{15};
+constexpr VDicomULong kMostQueued = 256 * 1024;
 
 } // namespace
 
@@ -18,13 +20,16 @@ RetrieveOperation::RetrieveOperation(Session& session, const Request& request,
 Operation::Pace RetrieveOperation::Work() {
     if (const std::string why = Broken(); !why.empty())
         m_objects.OnLost(why);
+    if (m_objects.IsUnderWay() && m_objects.HasAnswer() && HasSent())
+        m_objects.TakeAnswer();
     try {
         for (int i = 0; i < kMostFailures; ++i) {
-            if (m_objects.IsUnderWay())
+            if (m_session.GetQueueSend() > kMostQueued && !m_objects.IsUnderWay())
+                return Pace::waiting; // the peer does not read its responses
+            TellProgress();
+            if (m_objects.IsUnderWay()) {
+                m_session.TheServer().SetWorking(m_session.Number()); // the clock is looked at in the next turn
                 return Pace::waiting;
-            if (m_told != m_objects.Answered() && m_objects.Remaining() != 0) {
-                m_told = m_objects.Answered();
-                Respond(archive::status::kPending, nullptr);
             }
             if (m_cancelled)
                 return Finish(archive::status::kCancelled);
@@ -44,6 +49,17 @@ Operation::Pace RetrieveOperation::Work() {
         return Finish(archive::status::kUnableToProcess);
     }
     return Pace::more;
+}
+
+// After each object, and now and then while a large one is under way, so that nobody's patience ends.
+void RetrieveOperation::TellProgress() {
+    const auto now = std::chrono::steady_clock::now();
+    if (m_objects.Remaining() == 0 || (m_told == m_objects.Answered() && now < m_tellNext))
+        return;
+    if (m_told != m_objects.Answered() || m_tellNext != std::chrono::steady_clock::time_point())
+        Respond(archive::status::kPending, nullptr);
+    m_told = m_objects.Answered();
+    m_tellNext = now + kBetweenResponses;
 }
 
 Operation::Pace RetrieveOperation::Finish(unsigned short status) {
@@ -99,6 +115,11 @@ std::string MoveOperation::Broken() {
         return {};
     const auto& channel = m_channels[m_plan.AssociationOf(m_objects.KindOfNext())];
     return channel->GetState() == StoreChannel::State::closed ? channel->Failure() : std::string();
+}
+
+bool MoveOperation::HasSent() {
+    const auto& channel = m_channels[m_plan.AssociationOf(m_objects.KindOfNext())];
+    return channel->HasSent();
 }
 
 void MoveOperation::Respond(unsigned short status, VDicomDS* list) {

@@ -24,6 +24,8 @@ protected:
     virtual StoreChannel* ChannelFor(std::size_t kind, std::string& reason) = 0;
     /// A channel that broke with an object under way. @return why; empty: none has
     virtual std::string Broken() = 0;
+    /// Whether the object under way has left.
+    virtual bool HasSent() = 0;
     virtual void Respond(unsigned short status, VDicomDS* list) = 0;
     virtual const char* Name() const = 0;
     virtual unsigned short AllFailed() const = 0;
@@ -35,9 +37,11 @@ protected:
 
 private:
     Pace Finish(unsigned short status);
+    void TellProgress();
 
     bool m_cancelled = false;
     std::uint64_t m_told = 0; ///< answers that the peer knows of
+    std::chrono::steady_clock::time_point m_tellNext;
 };
 
 class GetOperation final : public RetrieveOperation {
@@ -47,6 +51,7 @@ public:
 private:
     StoreChannel* ChannelFor(std::size_t kind, std::string& reason) override;
     std::string Broken() override { return {}; } // the session is
+    bool HasSent() override { return m_session.HasSent(); }
     void Respond(unsigned short status, VDicomDS* list) override;
     const char* Name() const override { return "get"; }
     unsigned short AllFailed() const override { return 0xA702; }
@@ -60,6 +65,7 @@ public:
 private:
     StoreChannel* ChannelFor(std::size_t kind, std::string& reason) override;
     std::string Broken() override;
+    bool HasSent() override;
     void Respond(unsigned short status, VDicomDS* list) override;
     const char* Name() const override { return "move"; }
     unsigned short AllFailed() const override { return 0xA702; }

@@ -23,6 +23,12 @@ Server::Server(const ServeSettings& settings, archive::Archive& archive, PeersFi
 }
 
 Server::~Server() {
+    for (const auto& commitment : m_commitments) {
+        if (!commitment->IsDone())
+            m_log.Warning("commit report")
+                .Add("calling", commitment->Title())
+                .Add("comment", "not sent: the server stops");
+    }
     m_commitments.clear();
     m_ending.clear();
     m_sessions.clear();
@@ -72,8 +78,7 @@ bool Server::Turn() {
 
 // One flush makes all objects last that arrived since the last one.
 void Server::Flush() {
-    if (m_waiting.empty())
-        return;
+    // Also after a failure that nobody waits with, which the store forgets then.
     const archive::Outcome outcome = m_archive.Store().Flush();
     std::vector<Waiting> waiting;
     waiting.swap(m_waiting);

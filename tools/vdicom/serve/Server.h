@@ -34,7 +34,7 @@ public:
     /// No association is accepted any more, and those that wait for nothing end.
     void Stop();
     /// Whether all has ended.
-    bool IsIdle() const { return m_sessions.empty(); }
+    bool IsIdle() const { return m_sessions.empty() && m_commitments.empty() && m_ending.empty(); }
 
     unsigned int Port() const { return m_port; }
     const ServeSettings& Settings() const { return m_settings; }
@@ -45,6 +45,11 @@ public:
     /// @name For sessions and operations
     /// @{
     bool IsFull() const { return m_stopping || m_sessions.size() > m_settings.mostSessions; }
+    /// Requests under way of all sessions: each has a reader of the index.
+    bool TakesOperation() const { return m_operations < kMostOperations; }
+    void AddOperation() { ++m_operations; }
+    void EndOperations(std::size_t count) { m_operations -= count; }
+    bool TakesCommitment() const { return m_commitments.size() < kMostCommitments; }
     void AcknowledgeLater(Session& session, const Request& request) {
         m_waiting.push_back({session.Number(), request});
     }
@@ -78,6 +83,9 @@ private:
         Request request;
     };
 
+    static constexpr std::size_t kMostOperations = 128;
+    static constexpr std::size_t kMostCommitments = 64;
+
     void Flush();
     bool WorkAll();
     void TakeLeave();
@@ -89,6 +97,7 @@ private:
     unsigned int m_port = 0;
     bool m_stopping = false;
     std::uint64_t m_number = 0;
+    std::size_t m_operations = 0;
     std::map<std::uint64_t, std::unique_ptr<Session>> m_sessions;
     std::vector<Waiting> m_waiting;                   ///< stored objects that are not acknowledged
     std::set<std::uint64_t> m_working;                ///< sessions whose operations are to go on

@@ -25,10 +25,11 @@ constexpr unsigned short kShort = 1, kText = 5; // value types of FindGetValue
 constexpr unsigned short kStoreRequest = 0x0001, kResponse = 0x8000, kEcho = 0x0030, kFind = 0x0020, kGet = 0x0010,
                          kMove = 0x0021, kAction = 0x0130;
 constexpr unsigned short kUnrecognised = 0x0211, kNoSuchAction = 0x0123, kUnknownDestination = 0xA801,
-                         kClassNotSupported = 0x0122, kMissingData = 0xC001;
+                         kClassNotSupported = 0x0122, kMissingData = 0xC001, kMissingAttribute = 0x0120,
+                         kResourceLimitation = 0x0213, kProcessingFailure = 0x0110;
 
 constexpr VDicomUInt64 kLargestIdentifier = VDicomUInt64{16} << 20;
-constexpr VDicomULong kLargestPdu = VDicomULong{16} << 20;
+constexpr VDicomULong kLargestPdu = VDicomULong{1} << 20;
 constexpr std::size_t kMostOperations = 16;
 constexpr unsigned int kMostUnsent = 10'000;
 constexpr VDicomULong kPatience = 30'000; // milliseconds for an association request, and between the bytes of a PDU
@@ -60,7 +61,7 @@ Session::Session(Server& server, std::uint64_t number)
       m_begin(std::chrono::steady_clock::now()) {
     SetSocketBuffers(0, 0);
     SetSendInPlace(1);
-    SetLargestPDU(kLargestPdu);
+    SetLargestPDU(std::max(server.Settings().maxPdu, kLargestPdu));
     SetTimeout(DICOM_TIMEOUT_REQUEST, kPatience);
     SetTimeout(DICOM_TIMEOUT_PDU, kPatience);
     SetTimeout(DICOM_TIMEOUT_CLOSE, kClosePatience);
@@ -68,8 +69,8 @@ Session::Session(Server& server, std::uint64_t number)
 }
 
 Session::~Session() {
-    m_operations.clear(); // they use the connection
-    Close();
+    Close(); // before the operations, from whose data sets it sends
+    m_server.EndOperations(m_operations.size() + m_over.size());
 }
 
 void Session::Opened() {
@@ -103,11 +104,26 @@ void Session::Ended(std::string_view how) {
 }
 
 void Session::Abort(unsigned char reason, std::string_view why) {
+    if (std::exchange(m_aborted, true))
+        return;
     if (m_end.empty())
         m_end = fmt::format("aborted by us: {}", why);
-    m_operations.clear();
+    DropOperations();
     m_incoming.Discard();
     SendAbort(2, reason);
+}
+
+void Session::Unexpected() {
+    if (m_end.empty())
+        m_end = "closed by us: a PDU that only a requestor is sent";
+    Close();
+    Ended(m_end);
+}
+
+void Session::DropOperations() {
+    for (std::unique_ptr<Operation>& operation : m_operations)
+        m_over.push_back(std::move(operation));
+    m_operations.clear();
 }
 
 void Session::Stop() {
@@ -124,10 +140,14 @@ bool Session::Work() {
     bool more = false;
     for (std::size_t i = 0; !m_ended && i < m_operations.size();) {
         const Operation::Pace pace = m_operations[i]->Work();
-        if (pace == Operation::Pace::done)
+        if (m_operations.empty()) // dropped
+            return false;
+        if (pace == Operation::Pace::done) {
             m_operations.erase(m_operations.begin() + static_cast<std::ptrdiff_t>(i));
-        else
+            m_server.EndOperations(1);
+        } else {
             ++i;
+        }
         more = more || pace == Operation::Pace::more;
     }
     return more;
@@ -135,6 +155,7 @@ bool Session::Work() {
 
 void Session::Begin(std::unique_ptr<Operation> operation) {
     m_operations.push_back(std::move(operation));
+    m_server.AddOperation();
     m_server.SetWorking(m_number);
 }
 
@@ -214,21 +235,22 @@ void Session::NoteContexts() {
 }
 
 void Session::OnReceiveReleaseRequest() {
+    if (!m_end.empty())
+        return;
     m_end = "released";
-    m_operations.clear(); // the peer does not wait for their answers
+    DropOperations(); // the peer does not wait for their answers
     SendReleaseResponse();
 }
 
 void Session::OnReceiveAbort(unsigned char source, unsigned char reason) {
     m_end = "aborted by the peer: " + AbortText(source, reason);
-    m_operations.clear();
     Close();
     Ended(m_end);
 }
 
 // Failures of receiving, and requests that can do nothing but wait.
 
-void Session::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/, VDicomULong /*length*/) {
+void Session::OnReceive(int nError, unsigned char nType, char* /*buffer*/, VDicomULong /*length*/) {
     if (nError == 0)
         return;
     const char* text = GetErrorText(static_cast<unsigned int>(nError));
@@ -237,13 +259,16 @@ void Session::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/, V
             m_end = "timed out";
         return; // it is closed then
     }
+    constexpr unsigned char kAssociateAccept = 2; // PS3.8 9.3.3
+    if (nType == kAssociateAccept)
+        return Unexpected();
     if (m_store && !BreaksConnection(nError)) {
         // The object is lost, but not the association.
         const bool full = nError == DICOM_ERROR_WRITE || nError == DICOM_ERROR_SIZE || nError == DICOM_ERROR_MEMORY;
+        const Outcome failure{full ? archive::status::kOutOfResources : archive::status::kUnableToProcess, text};
         const Request request = *std::exchange(m_store, std::nullopt);
         m_incoming.Discard();
-        Acknowledge(request, {full ? archive::status::kOutOfResources : archive::status::kUnableToProcess, text});
-        return;
+        return Acknowledge(request, m_storeOutcome.IsSuccess() ? failure : m_storeOutcome);
     }
     Abort(6, text); // PS3.8 Table 9-26: invalid PDU parameter value
 }
@@ -284,6 +309,7 @@ VDicomFile* Session::OnReceiveTarget(unsigned char id, VDicomDS* command) {
             {request.classUid, request.instanceUid, syntax, CallingTitle()}, m_incoming);
     }
     if (!m_storeOutcome.IsSuccess()) { // it is received and thrown away, so that the peer gets its answer
+        SetLargestDataSet(kLargestIdentifier);
         m_incoming.Discard();
         return nullptr;
     }
@@ -339,14 +365,22 @@ void Session::OnReceiveCEchoRequest(unsigned char id, unsigned short messageID, 
     Answer({id, messageID, kEcho | kResponse, classUID, {}}, {});
 }
 
+void Session::Refuse(unsigned char id, unsigned short messageID, unsigned short field, const char* classUID,
+                     const char* instanceUID) {
+    Answer({id, messageID, field, classUID, instanceUID}, {kUnrecognised, "no such operation"});
+}
+
 bool Session::Admit(const Request& request, ServiceKind kind, const VDicomDS* data) {
     const char* abstractSyntax = GetAssociate()->GetAbstract(request.contextId);
+    const bool commitment = kind == ServiceKind::commitment;
     if (abstractSyntax == nullptr || ClassOf(abstractSyntax).kind != kind || request.classUid != abstractSyntax)
         Answer(request, {kClassNotSupported, "not the class of its presentation context"});
     else if (data == nullptr)
-        Answer(request, {kMissingData, "the request has no identifier"});
-    else if (m_operations.size() >= kMostOperations)
-        Answer(request, {archive::status::kOutOfResources, "too many requests at a time"});
+        Answer(request, {commitment ? kMissingAttribute : kMissingData, "the request has no data set"});
+    else if (m_operations.size() >= kMostOperations || !m_server.TakesOperation() ||
+             (commitment && !m_server.TakesCommitment()))
+        Answer(request,
+               {commitment ? kResourceLimitation : archive::status::kOutOfResources, "too many requests at a time"});
     else
         return true;
     return false;
@@ -438,11 +472,14 @@ void Session::OnReceiveNActionRequest(unsigned char id, unsigned short messageID
     if (action != 1)
         return Answer(request, {kNoSuchAction, "no such action"});
     std::unique_ptr<archive::Commitment> commitment;
-    const Outcome outcome = m_server.Guard([&] { return m_server.TheArchive().StartCommitment(*data, commitment); });
+    Outcome outcome = m_server.Guard([&] { return m_server.TheArchive().StartCommitment(*data, commitment); });
+    if (outcome.status == archive::status::kOutOfResources)
+        outcome.status = kProcessingFailure; // as PS3.7 C has it for N-ACTION
     const unsigned int code =
         SendNActionResponse(id, messageID, classUID, instanceUID, outcome.status, action, nullptr);
     if (code != DICOM_OK)
         return Abort(0, GetErrorText(code));
+    ++m_unsent;
     if (outcome.IsSuccess())
         m_server.BeginCommitment(*this, id, std::move(commitment));
     else

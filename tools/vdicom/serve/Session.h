@@ -62,17 +62,22 @@ public:
     void Begin(std::unique_ptr<Operation> operation);
     /// Message ID for a report of storage commitment, and whether the peer has answered it.
     unsigned short NextReport() { return ++m_reports; }
-    bool IsReportAnswered(unsigned short messageId) const { return m_answeredReports.count(messageId) != 0; }
+    bool TakeReportAnswer(unsigned short messageId) { return m_answeredReports.erase(messageId) != 0; }
     /// @}
 
     State GetState() override { return m_ended || IsAssociated() == 0 ? State::closed : State::ready; }
     const std::vector<StoreContext>& Contexts() override { return m_storeContexts; }
     unsigned int Store(unsigned char contextId, unsigned short messageId, const archive::RetrievedObject& object,
                        VDicomDS& ds) override;
+    unsigned short NextMessageId() override { return ++m_nextMessage; }
+    bool HasSent() override { return GetQueueSend() == 0; }
 
     void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override;
     void OnSend(int nError, unsigned char nType, VDicomULong nBytes) override;
     void OnReceiveAssociateRequest(VDicomAssociate* request) override;
+    void OnReceiveAssociateAccept(VDicomAssociate*) override { Unexpected(); }
+    void OnReceiveAssociateReject(unsigned char, unsigned char, unsigned char) override { Unexpected(); }
+    void OnReceiveReleaseResponse() override { Unexpected(); }
     void OnReceiveReleaseRequest() override;
     void OnReceiveAbort(unsigned char source, unsigned char reason) override;
     void OnReceiveCEchoRequest(unsigned char id, unsigned short messageID, const char* classUID) override;
@@ -94,10 +99,37 @@ public:
     void OnReceiveNReportResponse(unsigned char id, unsigned short messageID, const char* classUID,
                                   const char* instanceUID, unsigned short status, unsigned short event,
                                   VDicomDS* data) override;
+    void OnReceiveNReportRequest(unsigned char id, unsigned short messageID, const char* classUID,
+                                 const char* instanceUID, unsigned short, VDicomDS*) override {
+        Refuse(id, messageID, 0x8100, classUID, instanceUID);
+    }
+    void OnReceiveNGetRequest(unsigned char id, unsigned short messageID, const char* classUID, const char* instanceUID,
+                              const VDicomULong*, unsigned short) override {
+        Refuse(id, messageID, 0x8110, classUID, instanceUID);
+    }
+    void OnReceiveNSetRequest(unsigned char id, unsigned short messageID, const char* classUID, const char* instanceUID,
+                              VDicomDS*) override {
+        Refuse(id, messageID, 0x8120, classUID, instanceUID);
+    }
+    void OnReceiveNCreateRequest(unsigned char id, unsigned short messageID, const char* classUID,
+                                 const char* instanceUID, VDicomDS*) override {
+        Refuse(id, messageID, 0x8140, classUID, instanceUID);
+    }
+    void OnReceiveNDeleteRequest(unsigned char id, unsigned short messageID, const char* classUID,
+                                 const char* instanceUID) override {
+        Refuse(id, messageID, 0x8150, classUID, instanceUID);
+    }
     void OnReceiveUnknown(unsigned char id, VDicomDS* command, VDicomDS* data) override;
 
 private:
     void Abort(unsigned char reason, std::string_view why);
+    /// What only a requestor is sent.
+    void Unexpected();
+    /// Ends the operations; what they are sending stays, since it is sent from their data sets.
+    void DropOperations();
+    /// A request that no service here has.
+    void Refuse(unsigned char id, unsigned short messageID, unsigned short field, const char* classUID,
+                const char* instanceUID);
     void NoteContexts();
     /// Whether the context of a request is one of the service, with the request's data set there.
     bool Admit(const Request& request, ServiceKind kind, const VDicomDS* data);
@@ -110,6 +142,7 @@ private:
     std::string m_address;
     bool m_asked = false; ///< an association request has come
     bool m_ended = false;
+    bool m_aborted = false;
     std::string m_end; ///< how the association ends, once that is known
 
     archive::IncomingFile m_incoming;
@@ -117,6 +150,8 @@ private:
     archive::Outcome m_storeOutcome;
     std::vector<StoreContext> m_storeContexts; ///< in which the peer lets us store
     std::vector<std::unique_ptr<Operation>> m_operations;
+    std::vector<std::unique_ptr<Operation>> m_over; ///< operations that were dropped
+    unsigned short m_nextMessage = 0;               ///< of requests of ours
     unsigned short m_reports = 0;
     std::set<unsigned short> m_answeredReports;
     unsigned int m_unsent = 0; ///< answers since everything had left

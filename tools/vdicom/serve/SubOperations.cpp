@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace program {
 
@@ -27,12 +28,12 @@ unsigned short SubOperations::Number(std::uint64_t count) {
 const archive::RetrievedObject* SubOperations::Next() {
     if (m_underWay)
         return nullptr;
-    if (!m_has) {
-        m_has = m_retrieval->Next(m_object);
+    while (!m_has && m_retrieval->Next(m_object)) {
         const auto same = [&](const ObjectKind& kind) {
             return kind.classUid == m_object.classUid && kind.syntaxUid == m_object.transferSyntax;
         };
         m_kind = static_cast<std::size_t>(std::find_if(m_kinds.begin(), m_kinds.end(), same) - m_kinds.begin());
+        m_has = m_kind != m_kinds.size(); // else it arrived after the request, of a kind that nothing was proposed for
     }
     return m_has ? &m_object : nullptr;
 }
@@ -44,7 +45,7 @@ void SubOperations::Send(StoreChannel& channel) {
     m_ds.ResetDS();
     unsigned int code = m_ds.LoadDS(m_object.path.c_str(), 0);
     if (code == DICOM_OK) {
-        ++m_messageId;
+        m_messageId = channel.NextMessageId();
         code = channel.Store(context->id, m_messageId, m_object, m_ds);
     }
     if (code != DICOM_OK)
@@ -57,20 +58,25 @@ void SubOperations::Fail(const std::string& reason) {
     m_reason = reason;
     m_failedInstances.push_back(m_object.instanceUid);
     m_has = m_underWay = false;
+    m_answer.reset();
     m_ds.ResetDS();
 }
 
 bool SubOperations::OnStored(unsigned short messageId, unsigned short status) {
     if (!m_underWay || messageId != m_messageId)
         return false;
+    m_answer = status;
+    return true;
+}
+
+void SubOperations::TakeAnswer() {
+    const unsigned short status = *std::exchange(m_answer, std::nullopt);
     if (status != 0 && (status & 0xF000) != 0xB000) {
-        Fail(fmt::format("the peer answered with status {:04X}", static_cast<unsigned int>(status)));
-        return true;
+        return Fail(fmt::format("the peer answered with status {:04X}", static_cast<unsigned int>(status)));
     }
     ++(status == 0 ? m_completed : m_warnings);
     m_has = m_underWay = false;
     m_ds.ResetDS();
-    return true;
 }
 
 void SubOperations::OnLost(const std::string& reason) {

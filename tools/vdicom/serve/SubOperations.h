@@ -8,6 +8,7 @@
 
 #include "VDicomNet.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,10 @@ public:
     /// Sends a C-STORE-RQ in place. @return as VDicomNet::SendCStoreRequest
     virtual unsigned int Store(unsigned char contextId, unsigned short messageId,
                                const archive::RetrievedObject& object, VDicomDS& ds) = 0;
+    /// For the next request over the association.
+    virtual unsigned short NextMessageId() = 0;
+    /// Whether all that was queued has left.
+    virtual bool HasSent() = 0;
 };
 
 class SubOperations {
@@ -42,8 +47,12 @@ public:
     /// It cannot be sent.
     void Fail(const std::string& reason);
 
-    /// The answer has come. @return whether it was awaited
+    /// The answer has come, perhaps before the object has left, which is then still needed. @return whether it was
+    /// awaited
     bool OnStored(unsigned short messageId, unsigned short status);
+    bool HasAnswer() const { return m_answer.has_value(); }
+    /// Counts the answer; the object is done with.
+    void TakeAnswer();
     /// The channel has broken: the object under way failed.
     void OnLost(const std::string& reason);
     bool IsUnderWay() const { return m_underWay; }
@@ -72,6 +81,7 @@ private:
     bool m_has = false; ///< m_object waits or is under way
     bool m_underWay = false;
     unsigned short m_messageId = 0;
+    std::optional<unsigned short> m_answer;
     VDicomDS m_ds; ///< being sent in place
     std::uint64_t m_total;
     std::uint64_t m_completed = 0;
