@@ -72,6 +72,7 @@ constexpr Case kCases[] = {
     {vr::PN, "Yamada^Tarou", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "\xE5\xB1\xB1\xE7\x94\xB0*", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
     {vr::PN, "=\xE5\xB1\xB1\xE7\x94\xB0*", "Yamada^Tarou=\xE5\xB1\xB1\xE7\x94\xB0^\xE5\xA4\xAA\xE9\x83\x8E", kYes},
+    {vr::PN, "\xEA\xB9\x80?\xEC\x88\x98", "\xEA\xB9\x80\xEB\xAF\xBC\xEC\x88\x98", kYes}, // a syllable is one character
     {vr::PN, "Tarou*", "Yamada^Tarou=x", kNo},
     {vr::PN, "*^JANE", "Doe^Jane^^Dr", kNo},
     {vr::PN, "\xFF*", "Doe", kNo},
@@ -81,6 +82,10 @@ constexpr Case kCases[] = {
     {vr::DS, "1.5", "15e-1", kYes},
     {vr::US, "512", "5120", kNo},
     {vr::IS, "x", "x", kYes},
+    {vr::IS, "12\\x\\7\\+3", "9\\03", kYes},
+    {vr::IS, "12\\x\\7\\+3", "9\\x", kYes},
+    {vr::IS, "12\\x\\7\\+3", "9\\2", kNo},
+    {vr::DS, "nan\\1\\nan\\0", "1.0", kYes},
     // Dates.
     {vr::DA, "20240229", "20240229", kYes},
     {vr::DA, "2024.02.29", "20240229", kYes},
@@ -130,6 +135,13 @@ TEST(Matching, PatternsTakeTimeInProportion) {
     ASSERT_TRUE(key);
     EXPECT_FALSE(key->Matches(std::string(16000, 'a')));
     EXPECT_FALSE(Key::Parse(vr::LO, std::string(1025, '?')));
+    for (const unsigned short code : {vr::IS, vr::CS, vr::TM}) {
+        std::string many = "11";
+        for (std::size_t i = 1; i < kMostValues; ++i)
+            many += "\\12";
+        EXPECT_TRUE(Key::Parse(code, many));
+        EXPECT_FALSE(Key::Parse(code, many + "\\12"));
+    }
 }
 
 } // namespace

@@ -211,4 +211,68 @@ TEST_F(Storing, ReindexGivesTheSameIndex) {
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "renamed"));
 }
 
+TEST_F(Storing, ReindexKeepsTheNewestFileOfAnObject) {
+    namespace fs = std::filesystem;
+    ASSERT_EQ(Store(*archive, "1.5", {{0x00081030, "new"}}), 0);
+    archive.reset();
+    const fs::path present = folder.Path() / "P1/1.1/1.1.1/1.5.dcm";
+    for (const char* name : {"A", "Z"}) { // whichever is looked at first
+        VDicomDS old;
+        MakeObject(old, "1.5", {{0x00081030, "old"}, {tag::kStudy, "1.9"}});
+        fs::create_directory(folder.Path() / name);
+        const std::string path = folder.File(std::string(name) + "/old.dcm");
+        ASSERT_EQ(old.SaveDS(path.c_str(), DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE), DICOM_OK);
+        fs::last_write_time(path, fs::last_write_time(present) - std::chrono::hours(1));
+    }
+    const ReindexCounts counts = Reindex(folder.File(""), nullptr, nullptr);
+    EXPECT_EQ(counts.indexed, 1u);
+    EXPECT_EQ(counts.duplicates, 2u);
+    Reopen();
+    EXPECT_EQ(FindAll(*archive, {{tag::kLevel, "STUDY"}, {0x00081030, ""}}, 0x00081030), "new");
+}
+
+TEST_F(Storing, FilesOfOtherObjectsAreNotOverwritten) {
+    namespace fs = std::filesystem;
+    const fs::path series = folder.Path() / "P1/1.1/1.1.1";
+    ASSERT_EQ(Store(*archive, "1.5"), 0);
+    ASSERT_EQ(Store(*archive, "1.6"), 0);
+    archive.reset();
+    fs::rename(series / "1.5.dcm", series / "1.7.dcm");
+    ASSERT_EQ(Reindex(folder.File(""), nullptr, nullptr).indexed, 2u);
+    Reopen();
+    ASSERT_EQ(Store(*archive, "1.7"), 0);
+    EXPECT_TRUE(fs::exists(series / "1.7.dcm") && fs::exists(series / "1.7~.dcm"));
+    archive.reset();
+    fs::remove(series / "1.7~.dcm");
+    fs::rename(series / "1.6.dcm", series / "1.7~.dcm");
+    ASSERT_EQ(Reindex(folder.File(""), nullptr, nullptr).indexed, 2u);
+    Reopen();
+    EXPECT_EQ(Store(*archive, "1.7"), 0xA700u);
+    EXPECT_EQ(
+        FindAll(*archive, {{tag::kLevel, "IMAGE"}, {tag::kStudy, "1.1"}, {tag::kSeries, "1.1.1"}}, tag::kInstance),
+        "1.5 1.6");
+    // In one turn: the file that the first leaves is not yet the second's to take.
+    VDicomDS object;
+    for (const char* uid : {"1.5", "1.7"}) {
+        MakeObject(object, uid);
+        ASSERT_EQ(Receive(*archive, object).status, uid[2] == '5' ? 0 : 0xA700);
+    }
+    ASSERT_EQ(archive->Store().Flush().status, 0);
+    EXPECT_EQ(Store(*archive, "1.7"), 0);
+    EXPECT_EQ(FilesBelow(folder.Path()), 3u);
+}
+
+TEST_F(Storing, FoldersWithoutFilesAreNoArchiveWithoutAnIndex) {
+    namespace fs = std::filesystem;
+    archive.reset();
+    fs::remove_all(folder.Path() / ".vdicom");
+    fs::create_directory(folder.Path() / "lost+found");
+    fs::permissions(folder.Path() / "lost+found", fs::perms::none);
+    Reopen();
+    EXPECT_EQ(Counts(), "0 0 0 0");
+    archive.reset();
+    EXPECT_EQ(Reindex(folder.File(""), nullptr, nullptr).total, 0u);
+    fs::permissions(folder.Path() / "lost+found", fs::perms::owner_all);
+}
+
 } // namespace

@@ -8,9 +8,9 @@ namespace {
 
 using namespace archive;
 
-constexpr VDicomULong kSteps = 0x00400100, kStation = 0x00400001, kStartDate = 0x00400002, kModality = 0x00080060,
-                      kStepId = 0x00400009, kProcedure = 0x00401001, kCodes = 0x00321064, kCode = 0x00080100,
-                      kMeaning = 0x00080104, kPregnancy = 0x001021C0;
+constexpr VDicomULong kSteps = 0x00400100, kStation = 0x00400001, kStartDate = 0x00400002, kStartTime = 0x00400003,
+                      kModality = 0x00080060, kStepId = 0x00400009, kProcedure = 0x00401001, kCodes = 0x00321064,
+                      kCode = 0x00080100, kMeaning = 0x00080104, kPregnancy = 0x001021C0;
 
 DICOMELEMENT* AddItem(VDicomDS& ds, DICOMELEMENT* parent, VDicomULong sequence, const Values& values) {
     DICOMELEMENT* e = ds.FindFirstElement(parent, sequence, 1);
@@ -35,7 +35,11 @@ protected:
         ds.FindSetValue(nullptr, kPregnancy, 0, "\x04\x00", 1);
         AddItem(ds,
                 AddItem(ds, nullptr, kSteps,
-                        {{kStation, "CT1"}, {kModality, "CT"}, {kStartDate, "20240229"}, {kStepId, "S1"}}),
+                        {{kStation, "CT1"},
+                         {kModality, "CT"},
+                         {kStartDate, "20240229"},
+                         {kStartTime, "2000"},
+                         {kStepId, "S1"}}),
                 kCodes,
                 {{kCode, "X"},
                  {kMeaning, "Sch\xE4"
@@ -83,6 +87,12 @@ TEST_F(WorklistTest, EachStepThatMatchesIsOneAnswer) {
     EXPECT_EQ(complaints, "bad.wl");
     EXPECT_EQ(Find({}, {{kStation, "CT1"}, {kStepId, ""}}), "S1/P1 S3/P2");
     EXPECT_EQ(Find({}, {{kStation, "CT1"}, {kStartDate, "20240301-"}, {kStepId, ""}}), "S3/P2");
+    // One span from the evening to the next morning; else each for itself.
+    const char* night = "20240229-20240301";
+    EXPECT_EQ(Find({}, {{kStartDate, night}, {kStartTime, "1800-0600"}, {kStepId, ""}}), "S1/P1 S2/P1 S3/P2");
+    EXPECT_EQ(Find({}, {{kStartDate, night}, {kStartTime, "2030-0600"}, {kStepId, ""}}), "S2/P1 S3/P2");
+    EXPECT_EQ(Find({}, {{kStartDate, "20240229-"}, {kStartTime, "0600-1900"}, {kStepId, ""}}), "S1/P1 S2/P1 S3/P2");
+    EXPECT_EQ(Find({}, {{kStartDate, "20240229"}, {kStartTime, "0600-1900"}, {kStepId, ""}}), "");
     EXPECT_EQ(Find({}, {{kStation, "CT1"}, {kModality, "MR"}, {kStepId, ""}}), "");
     EXPECT_EQ(Find({{tag::kPatientName, "muller*"}}, {{kModality, "MR"}, {kStepId, ""}}), "S2/P1");
     EXPECT_EQ(Find({{kProcedure, "R2"}}, {{kStepId, "S3"}}), "S3/P2");

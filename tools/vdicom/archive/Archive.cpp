@@ -20,10 +20,15 @@ void MakeFolder(const std::string& path) {
         throw ArchiveError(path + ": the folder cannot be made: " + error.message());
 }
 
+// Empty folders do not count, nor do those that nobody may read: a new file system has one.
 bool HasFiles(const std::string& folder) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-        if (entry.path().filename() != kPrivate)
+    constexpr auto kOptions = fs::directory_options::skip_permission_denied;
+    for (fs::recursive_directory_iterator entry(folder, kOptions), end; entry != end; ++entry) {
+        if (entry.depth() == 0 && entry->path().filename() == kPrivate)
+            entry.disable_recursion_pending();
+        else if (entry->is_symlink() || !entry->is_directory())
             return true;
+    }
     return false;
 }
 
@@ -78,7 +83,8 @@ Archive::Archive(const ArchiveOptions& options) try : m_options(options), m_fold
     throw ArchiveError(options.folder + ": the index cannot be used: " + error.what() +
                        "; 'vdicom serve --reindex' makes it anew");
 } catch (const fs::filesystem_error& error) {
-    throw ArchiveError(options.folder + ": " + error.code().message());
+    throw ArchiveError((error.path1().empty() ? options.folder : error.path1().string()) + ": " +
+                       error.code().message());
 }
 
 Outcome Archive::StartFind(VDicomDS& identifier, const QueryOptions& options, std::unique_ptr<Find>& find) {

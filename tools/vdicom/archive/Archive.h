@@ -85,12 +85,12 @@ struct ReindexCounts {
     std::uint64_t total = 0;      ///< files that are there
     std::uint64_t seen = 0;       ///< files looked at
     std::uint64_t indexed = 0;    ///< objects in the new index
-    std::uint64_t duplicates = 0; ///< of these, replaced by a newer file with the same SOP Instance UID
+    std::uint64_t duplicates = 0; ///< files of an object of which a newer file is indexed
     std::uint64_t failed = 0;     ///< files that are no DICOM object, or cannot be read
 };
 /// Called after each file. @return false to stop; the old index stays then
 using ReindexProgress = std::function<bool(const ReindexCounts& counts)>;
-/// Called for each file that failed or is a duplicate, with one sentence.
+/// Called for each file that failed or is a duplicate, and each folder that cannot be read, with one sentence.
 using ReindexComplaint = std::function<void(const std::string& path, const std::string& reason)>;
 
 /// Makes the index of an archive anew from its files, those of other names and places below the folder too. The old

@@ -1,5 +1,6 @@
 #include "FileStore.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -127,19 +128,28 @@ Outcome FileStore::MakeFolder(const std::string& folder) {
     return {};
 }
 
-// The name that is free: of two, the one that the object's present file does not have.
+// Whether a file is in the way that is another object's, or that goes with the next Flush.
+bool FileStore::IsTaken(const std::string& path, const std::string& instanceUid) {
+    const std::string full = m_folder + '/' + path;
+    std::error_code ignored;
+    return fs::exists(full, ignored) && (std::find(m_replaced.begin(), m_replaced.end(), full) != m_replaced.end() ||
+                                         m_index.IsOfAnother(path, instanceUid));
+}
+
+// The name that is free: of two, one that neither the object's present file has nor another object's. Empty: none.
 std::string FileStore::PathFor(const Record& record) {
     const std::string folder = NameFor(record.Get(tag::kPatientID)) + '/' + NameFor(record.Get(tag::kStudy)) + '/' +
                                NameFor(record.Get(tag::kSeries));
     const std::string& uid = record.Get(tag::kInstance);
-    std::string path = UsualFile(folder, NameFor(uid));
     const std::optional<std::string> present = m_index.Find(uid);
-    if (present) {
+    if (present)
         m_replaced.push_back(m_folder + '/' + *present);
-        if (*present == path)
-            path = UsualFile(folder, NameFor(uid) + '~');
+    for (const char* more : {"", "~"}) {
+        std::string path = UsualFile(folder, NameFor(uid) + more);
+        if (path != present && !IsTaken(path, uid))
+            return path;
     }
-    return path;
+    return {};
 }
 
 Outcome FileStore::Place(IncomingFile& file, const Record& record, std::string& path) {
@@ -156,6 +166,8 @@ Outcome FileStore::Place(IncomingFile& file, const Record& record, std::string& 
         m_replaced.resize(replacedBefore);
         return OutOfResources(reason);
     };
+    if (target.empty())
+        return fail("the files of other objects have the names that this one's file would get");
     const std::string folder = target.substr(0, target.rfind('/'));
     if (Outcome outcome = MakeFolder(folder); !outcome.IsSuccess())
         return fail(outcome.comment);

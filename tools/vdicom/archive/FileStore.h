@@ -6,7 +6,8 @@
 ///
 /// made of VDicomFile::MakeFileName; objects without Patient ID are below "%none". An object that is stored again
 /// replaces the one before: its file takes the other one of the two names UID.dcm and UID~.dcm, the index follows, and
-/// only then the old file goes. So a query, a retrieval or a killed process sees one or the other, whole.
+/// only then the old file goes. So a query or a killed process sees one or the other, whole. A retrieval that is under
+/// way may find the old file gone.
 #pragma once
 
 #include "IndexWriter.h"
@@ -78,6 +79,7 @@ private:
     Outcome Place(IncomingFile& file, const Record& record, std::string& path);
     Outcome MakeFolder(const std::string& folder);
     std::string PathFor(const Record& record);
+    bool IsTaken(const std::string& path, const std::string& instanceUid);
     bool SyncFolders(std::string& reason);
     Outcome GiveUp(const std::string& reason);
 

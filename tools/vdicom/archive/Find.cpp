@@ -10,7 +10,7 @@ namespace vr = vdicom::vr;
 
 namespace {
 
-constexpr int kRowsAtOnce = 512; // about a millisecond
+constexpr std::size_t kRowsAtOnce = 512; // about a millisecond where keys are simple; Turn bounds the others
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 // The attribute that holds the time of a date; 0: none.
@@ -58,29 +58,17 @@ Find::Find(Query query, ReaderPool& pool, std::string retrieveAE)
 
 std::string_view Find::ValueOf(std::size_t key) const { return m_selection.Rows().Text(static_cast<int>(key)); }
 
-// From the first date at the first time to the last date at the last time.
-bool Find::MatchesDateAndTime(std::size_t date) const {
-    const std::optional<TimeSpan> day = ParseDate(ValueOf(date));
-    const std::optional<TimeSpan> time = ParseTime(ValueOf(m_times[date]));
-    if (!day)
-        return false;
-    const std::int64_t moment = day->first + (time ? time->first : 0);
-    const TimeSpan& days = m_query.keys[date].key.Span();
-    const TimeSpan& times = m_query.keys[m_times[date]].key.Span();
-    const TimeSpan open;
-    if (days.first != open.first && moment < days.first + std::max<std::int64_t>(times.first, 0))
-        return false;
-    return days.last == open.last || moment <= days.last + 1 - kDay + std::min(times.last, kDay - 1);
-}
-
 bool Find::MatchesRow() const {
     return std::all_of(m_tested.begin(), m_tested.end(),
                        [this](std::size_t key) { return m_query.keys[key].key.Matches(ValueOf(key)); }) &&
-           std::all_of(m_dates.begin(), m_dates.end(), [this](std::size_t key) { return MatchesDateAndTime(key); });
+           std::all_of(m_dates.begin(), m_dates.end(), [this](std::size_t date) {
+               return MatchesDateAndTime(m_query.keys[date].key, m_query.keys[m_times[date]].key, ValueOf(date),
+                                         ValueOf(m_times[date]));
+           });
 }
 
 Step Find::Next(VDicomDS& match) {
-    for (int row = 0; !m_done && row < kRowsAtOnce; ++row) {
+    for (Turn turn(kRowsAtOnce); !m_done && turn.GoesOn();) {
         if (!m_selection.Rows().Step()) {
             m_done = true;
         } else if (MatchesRow()) {

@@ -10,8 +10,6 @@ namespace vr = vdicom::vr;
 
 namespace {
 
-// More values than this in one key: no client means it, and the index could not be asked in one go.
-constexpr std::size_t kMostValues = 20000;
 constexpr VDicomULong kLongestKey = VDicomULong{2} << 20; // of a list of UIDs
 
 Outcome Refuse(unsigned short status, std::string comment) { return {status, std::move(comment)}; }
@@ -130,7 +128,7 @@ private:
         const std::string text = TextOf(m_ds, e, attribute.vr);
         const bool isRead = !text.empty() || e->nLength <= 2 || e->nLength == DICOM_UNDEFINED;
         const std::optional<Key> key = Key::Parse(attribute.vr, text);
-        if (!isRead || !key || key->Values().size() > kMostValues)
+        if (!isRead || !key)
             return Refuse(status::kUnableToProcess, "the value of " + NameOf(e->nTag) + " cannot be understood");
         m_query.keys.push_back({&attribute, *key});
         return {};

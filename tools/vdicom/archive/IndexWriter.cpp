@@ -87,7 +87,8 @@ IndexWriter::IndexWriter(Database& database)
     : m_database(database),
       m_find(database, "SELECT file, folder FROM instance JOIN series ON series.id = instance.series "
                        "WHERE SOPInstanceUID = ?1"),
-      m_remove(database, "DELETE FROM instance WHERE SOPInstanceUID = ?1 RETURNING series"),
+      m_ofAnother(database, "SELECT 1 FROM instance WHERE file = ?1 AND file <> '' AND SOPInstanceUID <> ?2 LIMIT 1"),
+      m_remove(database, "DELETE FROM instance WHERE SOPInstanceUID = ?1 RETURNING series, SOPClassUID"),
       m_look{
           {database, LookSql(Level::patient)}, {database, LookSql(Level::study)}, {database, LookSql(Level::series)}},
       m_insert{{database, InsertSql(Level::patient)},
@@ -150,6 +151,12 @@ std::optional<std::string> IndexWriter::Find(const std::string& instanceUid) {
     }
     m_find.Reset();
     return path;
+}
+
+bool IndexWriter::IsOfAnother(const std::string& path, const std::string& instanceUid) {
+    const bool isFound = m_ofAnother.BindAll(std::string_view(path), std::string_view(instanceUid)).Step();
+    m_ofAnother.Reset();
+    return isFound;
 }
 
 bool IndexWriter::Look(Level level, std::int64_t parent, std::string_view key, Row& row) {
@@ -261,18 +268,17 @@ void IndexWriter::PutInstance(const Row& series, const Record& record, const std
     ++m_more[series.id];
 }
 
-// @return the series that it was in; 0: it was not there
-std::int64_t IndexWriter::Remove(const std::string& instanceUid) {
-    std::int64_t series = 0;
+IndexWriter::Removed IndexWriter::Remove(const std::string& instanceUid) {
+    Removed removed;
     if (m_remove.BindAll(std::string_view(instanceUid)).Step()) {
-        series = m_remove.Number(0);
-        --m_more[series];
+        removed = {m_remove.Number(0), std::string(m_remove.Text(1))};
+        --m_more[removed.series];
     }
     m_remove.Reset();
-    return series;
+    return removed;
 }
 
-// A series has lost an object.
+// A series has lost an object, or one of a class.
 void IndexWriter::Refresh(std::int64_t series) {
     m_refreshClasses.BindAll(series).Run();
     m_classes.clear();
@@ -304,11 +310,12 @@ void IndexWriter::Put(const Record& record, const std::string& path, std::uint64
     const std::int64_t patient = RowOf(Level::patient, 0, record, path).id;
     const std::int64_t study = RowOf(Level::study, patient, record, path).id;
     const Row& series = RowOf(Level::series, study, record, path);
-    const std::int64_t before = Remove(record.Get(tag::kInstance));
+    const Removed before = Remove(record.Get(tag::kInstance));
     PutInstance(series, record, path, size);
     PutClass(series.id, record.Get(tag::kClass));
-    if (before != 0)
-        Refresh(before);
+    const bool isAlike = before.series == series.id && before.classUid == record.Get(tag::kClass);
+    if (before.series != 0 && !isAlike)
+        Refresh(before.series);
 }
 
 } // namespace archive

@@ -23,6 +23,10 @@ public:
     /// The path within the archive of an object that is there, uncommitted ones included.
     std::optional<std::string> Find(const std::string& instanceUid);
 
+    /// Whether a path within the archive is the file of an object other than `instanceUid`, which need not be there.
+    /// Only files of unusual names are looked at: a usual one is that of its own UID.
+    bool IsOfAnother(const std::string& path, const std::string& instanceUid);
+
     /// Adds an object, or replaces the one of its SOP Instance UID. The attributes of patient, study and series become
     /// those of the object; those that it leaves empty stay as they were.
     /// @param path within the archive @param size of the file in bytes
@@ -38,6 +42,11 @@ private:
         std::vector<std::string> values; ///< of its columns, to see changes at once
         std::string folder;              ///< of a series
     };
+    /// Where an object was.
+    struct Removed {
+        std::int64_t series = 0; ///< 0: nowhere
+        std::string classUid;
+    };
     /// Rows of a level that were used lately.
     using Cache = std::unordered_map<std::string, Row>;
 
@@ -50,7 +59,7 @@ private:
     void PutNames(std::int64_t patient, const std::string& name);
     void PutClass(std::int64_t series, const std::string& classUid);
     void PutInstance(const Row& series, const Record& record, const std::string& path, std::uint64_t size);
-    std::int64_t Remove(const std::string& instanceUid);
+    Removed Remove(const std::string& instanceUid);
     void Refresh(std::int64_t series);
     void Drop(std::int64_t series);
     void Forget();
@@ -62,7 +71,7 @@ private:
     std::unordered_map<std::int64_t, std::int64_t> m_more; ///< series: instances since the last Commit
     bool m_open = false;
 
-    Statement m_find, m_remove;
+    Statement m_find, m_ofAnother, m_remove;
     Statement m_look[3], m_insert[3], m_update[3];
     Statement m_insertInstance, m_removeNames, m_insertName, m_insertClass, m_refreshClasses, m_count, m_seriesLeft;
 };

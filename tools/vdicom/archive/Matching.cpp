@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 
 namespace archive {
@@ -71,15 +72,9 @@ std::optional<double> ParseNumber(std::string_view text) {
         text.remove_prefix(1);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size())
+    if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(number))
         return std::nullopt;
     return number;
-}
-
-bool SameNumber(std::string_view a, std::string_view b) {
-    const std::optional<double> left = ParseNumber(a);
-    const std::optional<double> right = ParseNumber(b);
-    return left && right ? *left == *right : a == b;
 }
 
 // Nor empty component groups in front: "=NAME" asks for a name in other letters.
@@ -101,11 +96,12 @@ std::string FoldPlain(std::string_view text) {
 
 } // namespace
 
+// Composed, so that '?' is a syllable of Hangul.
 std::string Fold(std::string_view text) {
     if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
         return FoldPlain(text);
     utf8proc_uint8_t* folded = nullptr;
-    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPAT | UTF8PROC_DECOMPOSE |
+    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPAT | UTF8PROC_COMPOSE |
                                                         UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK);
     const utf8proc_ssize_t size = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                                static_cast<utf8proc_ssize_t>(text.size()), &folded, options);
@@ -162,8 +158,18 @@ bool Key::ParseSpans(std::string_view text) {
         if (span)
             m_spans.push_back(*span);
         m_isRange = span && archive::IsRange(Trim(value), parse);
-        return !span.has_value(); // stops at the first that is none
+        return !span || m_spans.size() > kMostValues; // stops at the first that is none
     });
+}
+
+void Key::AddValue(std::string_view value) {
+    const std::optional<double> number = m_kind == Kind::number ? ParseNumber(value) : std::nullopt;
+    if (number)
+        m_numbers.push_back(*number);
+    else if (m_vr == vr::PN)
+        m_values.push_back(Fold(WithoutCarets(value)));
+    else
+        m_values.emplace_back(value);
 }
 
 std::optional<Key> Key::Parse(unsigned short vr, std::string_view text) {
@@ -179,18 +185,15 @@ std::optional<Key> Key::Parse(unsigned short vr, std::string_view text) {
         return std::nullopt;
     key.m_kind = hasWildcards ? Kind::wildcard : IsNumber(vr) ? Kind::number : Kind::text;
     const auto add = [&](std::string_view value) {
-        value = Trim(value);
-        if (vr == vr::PN)
-            key.m_values.push_back(Fold(WithoutCarets(value)));
-        else
-            key.m_values.emplace_back(value);
-        return false;
+        key.AddValue(Trim(value));
+        return key.m_values.size() + key.m_numbers.size() > kMostValues;
     };
     if (IsOneValue(vr))
         add(text);
-    else
-        AnyValue(text, add);
+    else if (AnyValue(text, add))
+        return std::nullopt;
     std::sort(key.m_values.begin(), key.m_values.end());
+    std::sort(key.m_numbers.begin(), key.m_numbers.end());
     return key;
 }
 
@@ -208,6 +211,12 @@ bool Key::MatchesText(std::string_view text) const {
                        [&](const std::string& pattern) { return MatchesWildcard(text, pattern); });
 }
 
+bool Key::MatchesNumber(std::string_view value) const {
+    if (const std::optional<double> number = ParseNumber(value))
+        return std::binary_search(m_numbers.begin(), m_numbers.end(), *number);
+    return std::binary_search(m_values.begin(), m_values.end(), value, std::less<>());
+}
+
 bool Key::MatchesValue(std::string_view value) const {
     if (m_kind == Kind::span) {
         const std::optional<TimeSpan> span = SpanParserOf(m_vr)(value);
@@ -215,8 +224,7 @@ bool Key::MatchesValue(std::string_view value) const {
                                    [&](const TimeSpan& wanted) { return wanted.Holds(span->first); });
     }
     if (m_kind == Kind::number)
-        return std::any_of(m_values.begin(), m_values.end(),
-                           [&](const std::string& wanted) { return SameNumber(wanted, value); });
+        return MatchesNumber(value);
     if (m_vr != vr::PN)
         return MatchesText(value);
     const std::string name = Fold(WithoutCarets(value));
@@ -242,6 +250,20 @@ bool Key::Matches(std::string_view stored) const {
     if (IsOneValue(m_vr))
         return MatchesValue(Trim(stored));
     return AnyValue(stored, [&](std::string_view value) { return MatchesValue(Trim(value)); });
+}
+
+bool MatchesDateAndTime(const Key& dates, const Key& times, std::string_view storedDate, std::string_view storedTime) {
+    const std::optional<TimeSpan> day = ParseDate(Trim(storedDate));
+    const std::optional<TimeSpan> time = ParseTime(Trim(storedTime));
+    if (!day)
+        return false;
+    const std::int64_t moment = day->first + (time ? time->first : 0);
+    const TimeSpan& days = dates.Span();
+    const TimeSpan& clock = times.Span();
+    const TimeSpan open;
+    if (days.first != open.first && moment < days.first + std::max<std::int64_t>(clock.first, 0))
+        return false;
+    return days.last == open.last || moment <= days.last + 1 - kDay + std::min(clock.last, kDay - 1);
 }
 
 } // namespace archive

@@ -28,6 +28,9 @@ bool MatchesWildcard(std::string_view text, std::string_view pattern);
 /// Blanks at both ends and, at the end, zeros.
 std::string_view Trim(std::string_view text);
 
+/// More values in one key are refused: no client means them, and the index could not be asked in one go.
+constexpr std::size_t kMostValues = 20000;
+
 /// Calls `each` with every value of a text until it returns true. @return whether it did
 template <class Each> bool AnyValue(std::string_view text, Each each) {
     for (;;) {
@@ -43,7 +46,7 @@ template <class Each> bool AnyValue(std::string_view text, Each each) {
 class Key {
 public:
     /// @param vr of the attribute (vdicom::vr) @return nullopt when the text is no key of the VR: a malformed date, a
-    ///         wildcard where the VR has none, a pattern of more than 1,024 bytes
+    ///         wildcard where the VR has none, a pattern of more than 1,024 bytes, more than kMostValues values
     static std::optional<Key> Parse(unsigned short vr, std::string_view text);
 
     bool IsUniversal() const { return m_kind == Kind::universal; }
@@ -67,14 +70,21 @@ private:
     enum class Kind { universal, text, wildcard, number, span };
 
     bool ParseSpans(std::string_view text);
+    void AddValue(std::string_view value);
+    bool MatchesNumber(std::string_view value) const;
     bool MatchesValue(std::string_view value) const;
     bool MatchesText(std::string_view text) const;
 
     unsigned short m_vr = 0;
     Kind m_kind = Kind::universal;
-    std::vector<std::string> m_values; ///< ascending where the kind is text
+    std::vector<std::string> m_values; ///< ascending; of numbers: the texts that are none
+    std::vector<double> m_numbers;     ///< ascending
     std::vector<TimeSpan> m_spans;
     bool m_isRange = false;
 };
+
+/// Ranges of a date and of its time as one span: from the first date at the first time to the last date at the last
+/// time. @param dates @param times ranges both (Key::IsRange)
+bool MatchesDateAndTime(const Key& dates, const Key& times, std::string_view storedDate, std::string_view storedTime);
 
 } // namespace archive

@@ -1,6 +1,6 @@
 /// @file ReaderPool.h
-/// Connections for reading the index. Each query has one of its own, so that it sees the index as it was when the query
-/// began, and the next query sees what was stored meanwhile.
+/// Connections for reading the index. Each query has one of its own, so that it sees the index as it was when its
+/// first row was read, and the next query sees what was stored meanwhile.
 #pragma once
 
 #include "Database.h"
@@ -16,7 +16,7 @@ public:
     explicit ReaderPool(std::string path) : m_path(std::move(path)) {}
 
     std::unique_ptr<Database> Take();
-    /// No statement of it may be left.
+    /// No statement of it may be left. A transaction that it is in ends.
     void Give(std::unique_ptr<Database> reader);
 
 private:
@@ -30,11 +30,15 @@ private:
 class Selection {
 public:
     Selection(ReaderPool& pool, std::string_view sql);
-    ~Selection();
+    ~Selection() { End(); }
     Selection(const Selection&) = delete;
     Selection& operator=(const Selection&) = delete;
 
+    /// Not after End.
     Statement& Rows() const { return *m_statement; }
+    Database& Reader() const { return *m_reader; }
+    /// Gives the connection back before the destructor does.
+    void End();
 
 private:
     ReaderPool& m_pool;

@@ -23,19 +23,36 @@ struct FoundFile {
 
 bool IsPrivate(const fs::path& path) { return path.filename() == ".vdicom"; }
 
+std::string Within(const fs::path& root, const fs::path& path) {
+    return path.lexically_relative(root).generic_string();
+}
+
 // The files below an entry of the archive's folder, which is a patient's usually: the oldest first, as they were
-// stored.
-std::vector<FoundFile> FilesBelow(const fs::directory_entry& top, const fs::path& root) {
+// stored. Folders that cannot be read, such as a file system's own, are passed over.
+std::vector<FoundFile> FilesBelow(const fs::directory_entry& top, const fs::path& root,
+                                  const ReindexComplaint& complaint) {
     std::vector<FoundFile> files;
+    std::vector<fs::path> folders;
     const auto add = [&](const fs::directory_entry& entry) {
         std::error_code error;
-        if (entry.is_regular_file(error) && !entry.is_symlink(error))
-            files.push_back({entry.last_write_time(error), entry.path().lexically_relative(root).generic_string()});
+        if (entry.is_symlink(error))
+            return;
+        if (entry.is_directory(error))
+            folders.push_back(entry.path());
+        else if (entry.is_regular_file(error))
+            files.push_back({entry.last_write_time(error), Within(root, entry.path())});
     };
     add(top);
-    if (top.is_directory() && !top.is_symlink())
-        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(top))
-            add(entry);
+    while (!folders.empty()) {
+        const fs::path folder = std::move(folders.back());
+        folders.pop_back();
+        std::error_code error;
+        for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+             entry.increment(error))
+            add(*entry);
+        if (error && complaint)
+            complaint(Within(root, folder), "the folder cannot be read: " + error.message());
+    }
     std::sort(files.begin(), files.end(), [](const FoundFile& a, const FoundFile& b) {
         return a.time != b.time ? a.time < b.time : a.path < b.path;
     });
@@ -59,14 +76,15 @@ public:
 
     /// @return false when the caller asked to stop
     bool Run() {
-        ForEachTop(m_root,
-                   [this](const fs::directory_entry& top) { m_counts.total += FilesBelow(top, m_root).size(); });
+        ForEachTop(m_root, [this](const fs::directory_entry& top) {
+            m_counts.total += FilesBelow(top, m_root, nullptr).size();
+        });
         bool isGoingOn = true;
         ForEachTop(m_root, [&](const fs::directory_entry& top) {
-            for (const FoundFile& file : FilesBelow(top, m_root)) {
+            for (const FoundFile& file : FilesBelow(top, m_root, m_complaint)) {
                 if (!isGoingOn)
                     return;
-                Add(file.path);
+                Add(file.path, file.time);
                 ++m_counts.seen;
                 if (m_counts.seen % kObjectsAtOnce == 0)
                     m_index.Commit();
@@ -80,7 +98,7 @@ public:
     const ReindexCounts& Counts() const { return m_counts; }
 
 private:
-    void Add(const std::string& path) {
+    void Add(const std::string& path, fs::file_time_type time) {
         const std::string full = m_root + '/' + path;
         const unsigned int error = m_ds.LoadDS(full.c_str(), 0);
         if (error != DICOM_OK)
@@ -88,13 +106,16 @@ private:
         Record record;
         if (const Outcome outcome = ReadRecord(m_ds, record); !outcome.IsSuccess())
             return Fail(path, outcome.comment);
+        std::error_code ignored;
         if (const std::optional<std::string> other = m_index.Find(record.Get(tag::kInstance))) {
             ++m_counts.duplicates;
+            // Files of other folders need not come in the order of their times.
+            if (fs::last_write_time(m_root + '/' + *other, ignored) > time)
+                return Complain(path, "older than " + *other + ", which has the same SOP Instance UID");
             Complain(*other, "replaced by the newer " + path);
         } else {
             ++m_counts.indexed;
         }
-        std::error_code ignored;
         m_index.Put(record, path, fs::file_size(full, ignored));
     }
 
@@ -148,7 +169,8 @@ ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress
         }
         PutInPlace(path, place.Index());
     } catch (const fs::filesystem_error& error) {
-        throw ArchiveError(place.Root() + ": " + error.code().message());
+        throw ArchiveError((error.path1().empty() ? place.Root() : error.path1().string()) + ": " +
+                           error.code().message());
     }
     return counts;
 }

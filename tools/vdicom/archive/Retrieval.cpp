@@ -12,19 +12,24 @@ Retrieval::Retrieval(const Query& query, ReaderPool& pool, std::string folder)
     SelectText syntaxes =
         SelectForRetrieval(query, "instance.SOPClassUID, instance.AvailableTransferSyntaxUID, count(*)");
     syntaxes.sql += " GROUP BY 1, 2";
-    Selection groups(pool, syntaxes.sql);
-    syntaxes.BindTo(groups.Rows());
-    while (groups.Rows().Step()) {
-        m_syntaxes.push_back({std::string(groups.Rows().Text(0)), std::string(groups.Rows().Text(1))});
-        m_total += static_cast<std::uint64_t>(groups.Rows().Number(2));
+    // One transaction for both, so that they see the same objects.
+    m_selection.Reader().Execute("BEGIN");
+    Statement groups(m_selection.Reader(), syntaxes.sql);
+    syntaxes.BindTo(groups);
+    while (groups.Step()) {
+        m_syntaxes.push_back({std::string(groups.Text(0)), std::string(groups.Text(1))});
+        m_total += static_cast<std::uint64_t>(groups.Number(2));
     }
     m_select.BindTo(m_selection.Rows());
 }
 
 bool Retrieval::Next(RetrievedObject& object) {
+    if (m_done)
+        return false;
     Statement& rows = m_selection.Rows();
-    if (m_done || !rows.Step()) {
-        m_done = true; // another step would begin anew
+    if (!rows.Step()) {
+        m_done = true;
+        m_selection.End();
         return false;
     }
     object.instanceUid = rows.Text(2);

@@ -40,7 +40,8 @@ std::string Tables() {
            "CREATE INDEX study_accession ON study (AccessionNumber);"
            "CREATE UNIQUE INDEX series_key ON series (study, SeriesInstanceUID);"
            "CREATE UNIQUE INDEX instance_key ON instance (SOPInstanceUID);"
-           "CREATE INDEX instance_series ON instance (series);";
+           "CREATE INDEX instance_series ON instance (series);"
+           "CREATE INDEX instance_file ON instance (file) WHERE file <> '';";
 }
 
 } // namespace
@@ -53,7 +54,8 @@ void CreateSchema(Database& database) {
 }
 
 void RemoveIndex(const std::string& path) {
-    for (const char* suffix : {"-wal", "-shm", ""})
+    // The database first: without its log it would be an older one, or none.
+    for (const char* suffix : {"", "-wal", "-shm"})
         std::filesystem::remove(path + suffix);
 }
 

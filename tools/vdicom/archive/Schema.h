@@ -7,7 +7,7 @@
 namespace archive {
 
 /// Raised with every change of tables, columns, or what stands in them: an index of another version is refused.
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 
 /// Makes the tables in an empty database.
 void CreateSchema(Database& database);

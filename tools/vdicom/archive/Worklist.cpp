@@ -4,6 +4,7 @@
 #include "WorklistItem.h"
 
 #include <filesystem>
+#include <set>
 #include <system_error>
 
 namespace archive {
@@ -23,7 +24,7 @@ struct WorklistEntry {
 namespace {
 
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{16} << 20;
-constexpr std::size_t kEntriesAtOnce = 256;
+constexpr std::size_t kStepsAtOnce = 256;
 
 // @return empty, or why the file cannot be used
 std::string Load(const std::string& path, WorklistEntry& entry) {
@@ -39,13 +40,16 @@ std::string Load(const std::string& path, WorklistEntry& entry) {
     return error == DICOM_OK ? "" : GetErrorText(error);
 }
 
-// Keys of a level. Group lengths, the character set and the meta elements say nothing.
+// Keys of a level. Group lengths, the character set and the meta elements say nothing. Of a tag that is there twice
+// the first counts.
 Outcome ReadKeys(VDicomDS& ds, DICOMELEMENT* parent, std::vector<WorklistKey>& keys) {
     std::vector<char> scratch;
     std::string text;
+    std::set<VDicomULong> known;
     DICOMELEMENT* e = parent == nullptr ? ds.GetFirstElement(nullptr, 1, 1) : ds.GetChildElement(parent, 1);
     for (; e != nullptr; e = ds.GetNextElement(e, 1, 1)) {
-        if ((e->nTag >> 16) <= 2 || (e->nTag & 0xFFFF) == 0 || e->nTag == tag::kCharacterSet)
+        if ((e->nTag >> 16) <= 2 || (e->nTag & 0xFFFF) == 0 || e->nTag == tag::kCharacterSet ||
+            !known.insert(e->nTag).second)
             continue;
         WorklistKey& key = keys.emplace_back();
         key.tag = e->nTag;
@@ -138,7 +142,7 @@ bool WorklistFind::Fill(VDicomDS& match, WorklistEntry& entry, DICOMELEMENT* ste
 
 Step WorklistFind::Next(VDicomDS& match) {
     const WorklistKey* stepKey = StepKey(m_keys);
-    for (std::size_t looked = 0; m_entry < m_entries.size() && looked < kEntriesAtOnce; ++looked) {
+    for (Turn turn(kStepsAtOnce); m_entry < m_entries.size() && turn.GoesOn();) {
         WorklistEntry& entry = *m_entries[m_entry];
         DICOMELEMENT* steps = entry.ds.FindFirstElement(nullptr, kScheduledStep, 1);
         DICOMELEMENT* step = steps == nullptr ? nullptr : entry.ds.GetIndexElement(steps, m_step);

@@ -4,12 +4,15 @@
 #include "Record.h"
 
 #include <algorithm>
+#include <set>
 
 namespace archive {
 
 namespace vr = vdicom::vr;
 
 namespace {
+
+constexpr VDicomULong kStartDate = 0x00400002, kStartTime = 0x00400003;
 
 // Values that ReadText reads and Answer writes; all others are copied as bytes.
 bool IsText(unsigned short code) {
@@ -54,12 +57,32 @@ bool IsUniversal(const std::vector<WorklistKey>& keys) {
     });
 }
 
+const WorklistKey* RangeOf(const std::vector<WorklistKey>& keys, VDicomULong tag) {
+    const auto key = std::find_if(keys.begin(), keys.end(), [&](const WorklistKey& each) { return each.tag == tag; });
+    return key != keys.end() && !key->isSequence && key->key.IsRange() ? &*key : nullptr;
+}
+
+std::string TextOf(VDicomDS& ds, DICOMELEMENT* item, const WorklistKey& key) {
+    std::vector<char> scratch;
+    std::string text;
+    if (DICOMELEMENT* e = ds.FindFirstElement(item, key.tag, 1))
+        ReadText(ds, e, key.vr, scratch, text);
+    return text;
+}
+
 } // namespace
 
 bool MatchesItem(VDicomDS& ds, DICOMELEMENT* item, const std::vector<WorklistKey>& keys) {
     std::vector<char> scratch;
     std::string text;
+    const WorklistKey* dates = RangeOf(keys, kStartDate);
+    const WorklistKey* times = RangeOf(keys, kStartTime);
+    const bool isOneSpan = dates != nullptr && times != nullptr;
+    if (isOneSpan && !MatchesDateAndTime(dates->key, times->key, TextOf(ds, item, *dates), TextOf(ds, item, *times)))
+        return false;
     for (const WorklistKey& key : keys) {
+        if (isOneSpan && (&key == dates || &key == times))
+            continue;
         if (key.tag == kScheduledStep || (key.isSequence ? IsUniversal(key.item) : key.key.IsUniversal()))
             continue;
         DICOMELEMENT* e = ds.FindFirstElement(item, key.tag, 1);
@@ -121,8 +144,9 @@ bool ItemCopy::Asked(DICOMELEMENT* from, DICOMELEMENT* to, const std::vector<Wor
 
 // The recursion is as deep as the data set's sequences, which loading has limited.
 bool ItemCopy::All(DICOMELEMENT* from, DICOMELEMENT* to) {
+    std::set<VDicomULong> known; // of a tag that is there twice the first counts
     for (DICOMELEMENT* e = m_source.GetChildElement(from, 1); e != nullptr; e = m_source.GetNextElement(e, 1, 1)) {
-        if (e->nTag == tag::kCharacterSet || (e->nTag & 0xFFFF) == 0)
+        if (e->nTag == tag::kCharacterSet || (e->nTag & 0xFFFF) == 0 || !known.insert(e->nTag).second)
             continue;
         const WorklistKey whole{e->nTag, e->nVR, true, {}, {}};
         if (!(IsSequence(e) ? Sequence(e, to, whole) : Value(e, to, e->nTag, e->nVR)))

@@ -12,6 +12,7 @@ namespace archive {
 constexpr VDicomULong kScheduledStep = 0x00400100;
 
 /// Whether an item (null: the top level) has what all keys say. The sequence of scheduled steps plays no part in it.
+/// Ranges of the steps' start date and start time are one span together (PS3.4 Table K.6-1).
 bool MatchesItem(VDicomDS& ds, DICOMELEMENT* item, const std::vector<WorklistKey>& keys);
 
 /// Copies what keys ask for from an item of a worklist file.
