@@ -125,6 +125,26 @@ TEST_F(WorklistTest, AnswersHoldWhatWasAskedFor) {
     EXPECT_EQ(find->Next(match), Step::done);
 }
 
+TEST_F(WorklistTest, OfAKeyThatIsThereTwiceTheFirstCounts) {
+    std::string bytes;
+    for (const char* value : {"R2", "R1"}) // Requested Procedure ID, then an empty sequence of codes
+        bytes += std::string("\x40\x00\x01\x10\x02\x00\x00\x00", 8) + value;
+    for (int i = 0; i < 2; ++i)
+        bytes += std::string("\x40\x00\x0A\x10\x00\x00\x00\x00", 8);
+    folder.Write(".twice", bytes);
+    VDicomFile file;
+    ASSERT_TRUE(file.Open(folder.File(".twice").c_str(), DICOM_FILE_READ));
+    VDicomDS ds;
+    ASSERT_EQ(ds.LoadDS(&file, 0, DICOM_TS_IMPLICIT_LITTLE), DICOM_OK);
+    ASSERT_EQ(ds.GetCountElement(nullptr), 4u);
+    std::unique_ptr<WorklistFind> find;
+    ASSERT_TRUE(worklist.Start(ds, find).IsSuccess());
+    ASSERT_EQ(find->Next(match), Step::match);
+    EXPECT_EQ(match.GetCountElement(nullptr), 2u);
+    EXPECT_EQ(Text(match, kProcedure), "R2");
+    EXPECT_EQ(find->Next(match), Step::done);
+}
+
 TEST_F(WorklistTest, ChangesInTheFolderCount) {
     EXPECT_EQ(Find({}, {{kModality, "CT"}, {kStepId, ""}}), "S1/P1 S3/P2");
     std::filesystem::remove(folder.Path() / "one.wl");
