@@ -2,6 +2,7 @@
 import contextlib
 import os
 import re
+import resource
 import signal
 import socket
 import struct
@@ -270,7 +271,7 @@ def test_matches_are_cut_behind_the_limit_and_control_characters_stay_off_the_te
 
 def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
     path = folder.write("a.dcm", image())
-    seen = []
+    seen, final = [], [0xFE00, 0]  # a peer may be done before the cancel reaches it
 
     def query(connection):
         accept(connection)
@@ -279,7 +280,7 @@ def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
         context, command, _, _ = message(connection)
         seen.append(struct.unpack("<H", command[0x0100])[0])
         command = {0x0100: struct.pack("<H", 0x0020), 0x0110: command[0x0120]}
-        respond(connection, context, command, 0xFE00)
+        respond(connection, context, command, final.pop())
         message(connection)
 
     def store(connection):
@@ -288,7 +289,7 @@ def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
         os.kill(process.pid, signal.SIGINT)
         seen.append(receive(connection)[0])
 
-    for talk, arguments in ((query, ("find",)), (store, ("store",))):
+    for talk, arguments in ((query, ("find",)), (query, ("find",)), (store, ("store",))):
         with peer(talk) as port:
             files = [path] if talk is store else []
             with subprocess.Popen([PROGRAM, *arguments, "127.0.0.1", port, *files], stdout=subprocess.PIPE,
@@ -296,7 +297,96 @@ def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
                 _, error = process.communicate(timeout=30)
             equal(process.returncode, 1)
             contains(error, "interrupted")
-    equal(seen, [0x0FFF, 7])
+    equal(seen, [0x0FFF, 0x0FFF, 7])
+
+
+def retrieval(status, numbers, *objects):
+    """A peer of get and move: sends objects, waits for their answers, and says how many there were."""
+    answers = []
+
+    def talk(connection):
+        accepted = accept(connection)
+        context, command, _, _ = message(connection)
+        stores = [number for number, (abstract, _) in accepted.items() if abstract == CT]
+        for i, content in enumerate(objects):
+            send_store(connection, stores[0], i + 1, f"1.2.{i}", content)
+            answers.append(struct.unpack("<H", message(connection)[1][0x0900])[0])
+        counts = b"".join(element(0x1020 + i, "", struct.pack("<H", count), implicit=True) for i, count in enumerate(numbers))
+        respond(connection, context, command, status, extra=counts, data=element(0x00080058, "UI", ""))
+        message(connection)
+
+    return talk, answers
+
+
+def send_store(connection, context, number, uid, content):
+    command = (element(2, "", CT.encode() + b"\0", implicit=True) + element(0x0100, "", b"\1\0", implicit=True) +
+               element(0x0110, "", struct.pack("<H", number), implicit=True) +
+               element(0x0700, "", b"\0\0", implicit=True) + element(0x0800, "", b"\1\0", implicit=True) +
+               element(0x1000, "", uid.encode() + b"\0" * (len(uid) % 2), implicit=True))
+    command = element(0, "", struct.pack("<I", len(command)), implicit=True) + command
+    for control, part in ((3, command), (2, content)):
+        pdv = struct.pack(">IBB", len(part) + 2, context, control) + part
+        connection.sendall(struct.pack(">BBI", 4, 0, len(pdv)) + pdv)
+
+
+def test_a_retrieval_is_well_only_when_the_objects_are_here(folder):
+    keys = ("-k", "StudyInstanceUID=1.2")
+    talk, _ = retrieval(0, (0, 3, 0, 0))
+    with peer(talk) as port:
+        result = run("get", "127.0.0.1", port, "--to", folder("none"), *keys, status=1)
+        contains(result.err, "says it sent 3 objects; 0 arrived here")
+        result = run("move", "127.0.0.1", port, "--to", folder("none"), "--listen", closed_port(), *keys, "--json", status=1)
+        contains(result.json()["error"], "name this host and port?")
+        run("move", "127.0.0.1", port, "--destination", "OTHER", *keys)
+    talk, _ = retrieval(0, (0, 0, 0, 0))
+    with peer(talk) as port:  # its response has a data set, which is no object
+        run("get", "127.0.0.1", port, "--to", folder("none"), *keys)
+    for status, numbers, wanted in ((0xB000, (0, 0, 0, 1), 0), (0xB000, (0, 0, 1, 1), 1), (0xB000, (1, 0, 0, 1), 1)):
+        talk, _ = retrieval(status, numbers)
+        with peer(talk) as port:
+            run("move", "127.0.0.1", port, "--destination", "OTHER", *keys, status=wanted)
+
+
+def test_an_object_that_the_disk_has_no_room_for_is_answered_and_the_next_one_taken(folder):
+    large, small = (element(0x00080018, "UI", f"1.2.{i}") + element(0x7FE00010, "OW", bytes(size))
+                    for i, size in enumerate((900_000, 10)))
+    talk, answers = retrieval(0xB000, (0, 1, 1, 0), large, small)
+    with peer(talk) as port:
+        result = run("get", "127.0.0.1", port, "--to", folder("in"), "-k", "StudyInstanceUID=1.2", "--class", CT,
+                     status=1, restore_signals=False,  # SIGXFSZ stays ignored: the limit is an error, as a full disk is
+                     preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (20000, 20000)))
+    equal(answers, [0xA700, 0])
+    contains(result.err, "is the disk full?")
+    equal(os.listdir(folder("in")), ["1.2.1.dcm"])
+
+
+def test_a_peer_that_ignores_the_cancel_is_left(_):
+    def talk(connection):
+        accept(connection)
+        context, command, _, _ = message(connection)
+        for i in range(3):
+            respond(connection, context, command, 0xFF00, data=element(0x00100020, "LO", str(i)))
+        while receive(connection)[0] != 7:
+            pass
+
+    with peer(talk) as port:
+        result = run("find", "127.0.0.1", port, "--limit", "2", "--json")
+    equal(len(result.json()), 2)
+    contains(result.err, "more matches")
+
+
+def test_an_answer_before_the_whole_object_is_no_success(folder):
+    folder.write("a.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", "1.2.3") +
+                                 element(0x7FE00010, "OW", bytes(64 << 20))))
+
+    def talk(connection):
+        accepted = accept(connection)
+        receive(connection)
+        respond(connection, next(iter(accepted)), {0x0100: b"\1\0", 0x0110: b"\1\0"}, 0)
+        time.sleep(3)  # reads no more, so that the rest cannot leave
+
+    with peer(talk) as port:
+        contains(run("store", "127.0.0.1", port, folder("a.dcm"), status=1).err, "acknowledged an object that it had not")
 
 
 main(sys.modules[__name__])

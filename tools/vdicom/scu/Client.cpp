@@ -35,6 +35,18 @@ bool AddContext(VDicomAssociate& request, unsigned char id, const char* classUid
     return good;
 }
 
+std::string KeepFailure(int code) {
+    switch (code) {
+    case DICOM_ERROR_OPEN:
+    case DICOM_ERROR_WRITE:
+        return "what the peer sent cannot be written; is the disk full?";
+    case DICOM_ERROR_MEMORY:
+        return "what the peer sent does not fit into memory";
+    default:
+        return {};
+    }
+}
+
 Client::Client(const Peer& peer) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer) {
     for (const unsigned char which :
          {DICOM_TIMEOUT_CONNECT, DICOM_TIMEOUT_ASSOCIATE, DICOM_TIMEOUT_PDU, DICOM_TIMEOUT_IDLE, DICOM_TIMEOUT_RELEASE})
@@ -43,6 +55,7 @@ Client::Client(const Peer& peer) : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer
     // The system's own buffers grow with the connection; small ones wait for acknowledgements of the peer.
     SetSocketBuffers(0, 0);
     SetLargestPDU(std::max(peer.maxPdu, kLargestOtherPdu));
+    SetLargestDataSet(kLargestIdentifier);
 }
 
 bool Client::Run() {
@@ -66,19 +79,26 @@ void Client::LookAtInterrupts() {
     if (count > m_interrupts && m_state != State::closing && m_state != State::ended) {
         const bool first = m_interrupts == 0;
         m_interrupts = count;
-        m_patience = now + kPatience;
+        LimitPatience();
         if (first && m_state == State::working)
             Cancel();
         else
             Fail("interrupted");
-    } else if (m_interrupts > 0 && m_state != State::ended && now > m_patience) {
+    } else if (m_isPatient && m_state != State::ended && now > m_patience) {
         if (m_state == State::closing) {
             End();
         } else {
-            m_patience = now + kPatience;
-            Fail("interrupted; the peer did not end the operation when it was asked to");
+            LimitPatience();
+            m_wasIgnored = m_state == State::working;
+            Fail(fmt::format("{}the peer did not end the operation when it was asked to",
+                             m_interrupts > 0 ? "interrupted; " : ""));
         }
     }
+}
+
+void Client::LimitPatience() {
+    m_isPatient = true;
+    m_patience = std::chrono::steady_clock::now() + kPatience;
 }
 
 void Client::OnConnect(int nError) {
@@ -151,6 +171,8 @@ void Client::OnReceive(int nError, unsigned char nType, char*, VDicomULong) {
         End();
     } else if (nError == DICOM_ERROR_TIMEOUT) {
         Fail(TimeoutText(nType), Loss::connection);
+    } else if (const std::string own = KeepFailure(nError); !own.empty()) {
+        Fail(own);
     } else {
         Fail(
             fmt::format("what the peer sent cannot be understood: {}", GetErrorText(static_cast<unsigned int>(nError))),
@@ -174,6 +196,8 @@ void Client::Release() {
     if (m_state != State::working)
         return;
     m_state = State::releasing;
+    if (m_interrupts == 0)
+        m_isPatient = false; // the release has a time-out of its own
     SendReleaseRequest();
 }
 

@@ -45,6 +45,8 @@ public:
         refusal     ///< the peer does not want it, or the user does not
     };
     Loss LossKind() const { return m_loss; }
+    /// Whether the peer went on though it was asked to end the operation, so that the association was aborted.
+    bool WasIgnored() const { return m_wasIgnored; }
 
     const Peer& ThePeer() const { return m_peer; }
 
@@ -80,6 +82,8 @@ protected:
     unsigned char ContextFor(const char* classUid);
     /// What a status means, with the comment that came with it.
     std::string Text(Service service, unsigned short status) const { return StatusText(service, status, m_comment); }
+    /// From now on the peer has some seconds to end the operation.
+    void LimitPatience();
     /// Whether the work has begun and not ended.
     bool IsWorking() const { return m_state == State::working; }
 
@@ -98,8 +102,16 @@ private:
     Loss m_loss = Loss::none;
     std::string m_comment; ///< Error Comment (0000,0902) of the last response
     int m_interrupts = 0;
-    std::chrono::steady_clock::time_point m_patience; ///< when an interrupt is no longer waited for
+    bool m_isPatient = false; ///< an end is waited for, until m_patience
+    bool m_wasIgnored = false;
+    std::chrono::steady_clock::time_point m_patience;
 };
+
+/// Bytes of a data set that is none of an object to be stored.
+constexpr VDicomUInt64 kLargestIdentifier = VDicomUInt64{16} << 20;
+
+/// What is told when something that came cannot be kept here. @return empty: the code of OnReceive says something else
+std::string KeepFailure(int code);
 
 /// Adds a presentation context with its transfer syntaxes, in order. @return false: memory ran out
 bool AddContext(VDicomAssociate& request, unsigned char id, const char* classUid,

@@ -115,7 +115,7 @@ void WriteJson(const EchoClient& client, bool good, Output& out) {
     writer.Key("port");
     writer.Uint(client.ThePeer().port);
     text("called", client.ThePeer().called);
-    text("implementation", client.Implementation());
+    text("implementation", VisibleCopy(client.Implementation()));
     writer.Key("echoes");
     writer.Uint64(client.Answered());
     writer.Key("seconds");
@@ -124,7 +124,7 @@ void WriteJson(const EchoClient& client, bool good, Output& out) {
     const std::string rate = Rate(client);
     writer.RawValue(rate.data(), rate.size(), rapidjson::kNumberType);
     if (!good)
-        text("error", client.Failure());
+        text("error", VisibleCopy(client.Failure()));
     writer.EndObject();
     out.Put({buffer.GetString(), buffer.GetSize()});
     out.Put('\n');

@@ -59,6 +59,8 @@ public:
     std::uint64_t Matches() const { return m_matches; }
     /// The peer has more than were asked for.
     bool IsCut() const { return m_isCut; }
+    /// The user did not want all of them.
+    bool IsInterrupted() const { return IsCancelled() && !m_isCut; }
 
     void End() {
         if (m_json)
@@ -124,6 +126,19 @@ private:
     Progress m_progress;
 };
 
+/// Why the answer is not all that was asked for; empty: it is.
+std::string Trouble(const FindClient& client, bool good) {
+    if (!good) // a peer that ignores the cancel takes nothing away from the matches that were asked for
+        return client.IsCut() && client.WasIgnored() ? std::string() : client.Failure();
+    const StatusKind kind = KindOfStatus(client.FinalStatus());
+    if (kind == StatusKind::cancelled && client.IsCut())
+        return {};
+    // What came behind the interrupt was not shown, even if the peer had no time to stop.
+    if (client.IsInterrupted() && (kind == StatusKind::success || kind == StatusKind::cancelled))
+        return "interrupted";
+    return client.FinalText();
+}
+
 int Find(const FindSettings& settings) {
     const Network network;
     if (!network.Failure().empty()) {
@@ -133,22 +148,17 @@ int Find(const FindSettings& settings) {
     const InterruptWatch watch;
     Output out(DICOM_STDOUT);
     FindClient client(settings, out);
-    bool good = client.Run();
+    const std::string trouble = Trouble(client, client.Run());
     client.End();
     if (!out.Flush())
         return ReportOutputFailure(out);
-    if (!good)
-        Say(settings.peer.Name(), client.Failure());
-    const bool isCancelled = KindOfStatus(client.FinalStatus()) == StatusKind::cancelled;
-    if (good && client.FinalStatus() != 0 && !(client.IsCut() && isCancelled)) {
-        Say(settings.peer.Name(), isCancelled ? "interrupted" : client.FinalText());
-        good = false;
-    }
+    if (!trouble.empty())
+        Say(settings.peer.Name(), trouble);
     if (client.IsCut())
         Say(fmt::format("there are more matches than --limit {}", settings.limit));
-    else if (good && client.Matches() == 0)
+    else if (trouble.empty() && client.Matches() == 0)
         Say(settings.peer.Name(), "no match");
-    return good ? kDone : kInputFailed;
+    return trouble.empty() ? kDone : kInputFailed;
 }
 
 } // namespace

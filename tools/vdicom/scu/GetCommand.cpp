@@ -9,11 +9,16 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+#include <utility>
+
 namespace program {
 
 namespace {
 
-constexpr std::size_t kMostOffers = 127; // 128 contexts, one of them for the request
+constexpr VDicomULong kAffectedClass = 0x00000002, kMessageID = 0x00000110, kAffectedInstance = 0x00001000;
+constexpr unsigned short kShort = 1, kText = 5; // value types of FindGetValue
+constexpr std::size_t kMostOffers = 127;        // 128 contexts, one of them for the request
 
 constexpr const char* kDescription =
     "Fetches objects of a peer into files (C-GET): everything of the patients, studies, series or images whose UIDs\n"
@@ -53,12 +58,19 @@ public:
     std::size_t CountLeftClasses() const { return m_left; }
 
     VDicomFile* OnReceiveTarget(unsigned char id, VDicomDS* command) override {
+        m_arriving.reset();
+        const bool isStore = IsStoreRequest(*command);
+        SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
+        if (!isStore)
+            return nullptr;
+        m_arriving = StoreOf(id, *command);
         return m_incoming.Begin(*command, GetAssociate()->GetTransfer(id, 0), ThePeer().called);
     }
 
     void OnReceiveCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                 const char* instanceUID, unsigned short, const char*, unsigned short,
                                 VDicomDS* data) override {
+        m_arriving.reset();
         const unsigned short status = m_incoming.Finish(data);
         if (IsWorking())
             Sent(SendCStoreResponse(id, messageID, classUID, instanceUID, status));
@@ -72,6 +84,14 @@ public:
     }
 
     void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override {
+        // One object less, and the next may find room.
+        const bool isUnwritten = nError == DICOM_ERROR_WRITE || nError == DICOM_ERROR_OPEN;
+        if (isUnwritten && m_arriving && IsWorking()) {
+            const StoreRequest request = *std::exchange(m_arriving, std::nullopt);
+            Sent(SendCStoreResponse(request.context, request.messageID, request.classUid.c_str(),
+                                    request.instanceUid.c_str(), m_incoming.GiveUp(KeepFailure(nError))));
+            return;
+        }
         if (nError != 0)
             m_incoming.Drop();
         RetrieveClient::OnReceive(nError, nType, buffer, length);
@@ -95,6 +115,22 @@ protected:
     }
 
 private:
+    struct StoreRequest {
+        unsigned char context;
+        unsigned short messageID;
+        std::string classUid, instanceUid;
+    };
+
+    static StoreRequest StoreOf(unsigned char context, VDicomDS& command) {
+        unsigned short messageID = 0;
+        command.FindGetValue(nullptr, kMessageID, kShort, &messageID, sizeof messageID);
+        char classUid[65] = "", instanceUid[65] = "";
+        command.FindGetValue(nullptr, kAffectedClass, kText, classUid, sizeof classUid);
+        command.FindGetValue(nullptr, kAffectedInstance, kText, instanceUid, sizeof instanceUid);
+        return {context, messageID, classUid, instanceUid};
+    }
+
+    std::optional<StoreRequest> m_arriving; ///< its object is on its way
     IncomingObject m_incoming;
     std::vector<StorageOffer> m_offers;
     std::size_t m_left = 0;

@@ -55,6 +55,10 @@ protected:
         return SendCMoveRequest(context, kMessage, classUid, 0, m_destination.c_str(), &identifier);
     }
 
+    std::string MissingHint() const override {
+        return fmt::format("does its entry for {} name this host and port?", m_destination);
+    }
+
 private:
     const std::string& m_destination;
 };

@@ -18,7 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr VDicomULong kAffectedClass = 0x00000002, kAffectedInstance = 0x00001000, kSopInstance = 0x00080018;
+constexpr VDicomULong kAffectedClass = 0x00000002, kCommandField = 0x00000100, kAffectedInstance = 0x00001000,
+                      kSopInstance = 0x00080018;
+constexpr unsigned short kStoreRequest = 0x0001;
 constexpr std::size_t kLongestName = 256;
 // PS3.4 B.2.3: out of resources, another object than announced; PS3.7 C.5.12: no SOP Instance UID.
 constexpr unsigned short kOutOfResources = 0xA700, kMismatch = 0xA900, kInvalidInstance = 0x0117;
@@ -71,6 +73,12 @@ std::string FileMeta(const std::string& classUid, const std::string& instanceUid
     bytes += "DICM";
     PutElement(bytes, 0x0000, "UL", length);
     return bytes + meta;
+}
+
+bool IsStoreRequest(VDicomDS& command) {
+    unsigned short field = 0;
+    command.FindGetValue(nullptr, kCommandField, 1, &field, sizeof field);
+    return field == kStoreRequest;
 }
 
 ObjectFolder::ObjectFolder(std::string path, bool overwrite) : m_path(std::move(path)), m_overwrite(overwrite) {}
@@ -171,6 +179,12 @@ void IncomingObject::Drop() {
     std::error_code error;
     fs::remove(fs::u8path(m_part), error);
     m_part.clear();
+}
+
+unsigned short IncomingObject::GiveUp(const std::string& reason) {
+    Drop();
+    m_refusal = 0;
+    return Refuse(kOutOfResources, fmt::format("{}: {}", m_instanceUid, reason));
 }
 
 unsigned short IncomingObject::Refuse(unsigned short status, const std::string& sentence) {

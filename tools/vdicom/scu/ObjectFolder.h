@@ -13,6 +13,9 @@ namespace program {
 std::string FileMeta(const std::string& classUid, const std::string& instanceUid, const std::string& syntaxUid,
                      const std::string& sourceTitle);
 
+/// Whether a command is the C-STORE request that announces an object.
+bool IsStoreRequest(VDicomDS& command);
+
 /// The folder, and what has come into it. Files are named by their SOP Instance UID.
 class ObjectFolder {
 public:
@@ -58,6 +61,8 @@ public:
     unsigned short Finish(VDicomDS* data);
     /// It will not come; nothing is left.
     void Drop();
+    /// It cannot be written; nothing is left. @return the status for the response
+    unsigned short GiveUp(const std::string& reason);
 
 private:
     unsigned short Refuse(unsigned short status, const std::string& sentence);

@@ -61,7 +61,7 @@ constexpr std::array kRetrieve = std::to_array<StatusRow>({
     {0xFFFF, 0xA702, "the peer lacks the resources to send the objects; ask for less, or try again later"},
     {0xFFFF, 0xA801, "the peer does not know the destination; enter its AE title, host and port there"},
     {0xFFFF, 0xA900, "the keys do not fit the level and the model; a level needs the unique keys of those above it"},
-    {0xFFFF, 0xB000, "some of the objects could not be sent"},
+    {0xFFFF, 0xB000, "some objects failed or were stored with a warning"},
     {0xF000, 0xC000, "the peer cannot process the request"},
 });
 

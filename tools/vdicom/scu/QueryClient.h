@@ -41,9 +41,11 @@ protected:
 
     void Cancel() override { CancelRequest(); }
     void CancelRequest() {
-        if (!m_isCancelled)
-            Sent(SendCCancelRequest(m_context, kMessage));
+        if (m_isCancelled)
+            return;
         m_isCancelled = true;
+        LimitPatience();
+        Sent(SendCCancelRequest(m_context, kMessage));
     }
     bool IsCancelled() const { return m_isCancelled; }
 

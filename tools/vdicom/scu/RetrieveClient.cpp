@@ -14,6 +14,7 @@ namespace program {
 namespace {
 
 constexpr VDicomULong kFailedList = 0x00080058;
+constexpr unsigned short kWarning = 0xB000;
 constexpr std::size_t kMostNamed = 20;
 
 std::vector<std::string> ReadUids(VDicomDS& ds) {
@@ -49,11 +50,28 @@ void RetrieveClient::TakeResponse(unsigned short status, const SubOperations& nu
     TakeStatus(status);
 }
 
-bool RetrieveClient::IsWell(bool good, const ObjectFolder* folder) const {
-    return good && FinalStatus() == 0 && m_numbers.failed == 0 && (!folder || folder->CountFailed() == 0);
+// A warning without failures: all objects were stored, some of them with a warning.
+bool RetrieveClient::IsStatusWell() const {
+    return FinalStatus() == 0 ||
+           (FinalStatus() == kWarning && m_numbers.failed == 0 && m_numbers.remaining == 0 && m_numbers.warning > 0);
 }
 
-void RetrieveClient::SayOutcome(bool good, const std::string& hint) const {
+bool RetrieveClient::IsWell(bool good, const ObjectFolder* folder) const {
+    return good && IsStatusWell() && m_numbers.failed == 0 && (!folder || folder->CountFailed() == 0) &&
+           MissingText(folder).empty();
+}
+
+// Empty unless the peer says that it sent more than there was here.
+std::string RetrieveClient::MissingText(const ObjectFolder* folder) const {
+    const std::uint64_t sent = m_numbers.completed + m_numbers.warning;
+    if (!folder || folder->CountWritten() + folder->CountKept() + folder->CountFailed() >= sent)
+        return {};
+    const std::string hint = MissingHint();
+    return fmt::format("the peer says it sent {}; {} arrived here{}{}", Objects(sent),
+                       folder->CountWritten() + folder->CountKept(), hint.empty() ? "" : "; ", hint);
+}
+
+void RetrieveClient::SayOutcome(bool good, const ObjectFolder* folder, const std::string& hint) const {
     if (!good)
         Say(ThePeer().Name(), Failure());
     else if (KindOfStatus(FinalStatus()) == StatusKind::cancelled)
@@ -66,12 +84,14 @@ void RetrieveClient::SayOutcome(bool good, const std::string& hint) const {
         SayPlain(fmt::format("  and {} more; --json names all of them", m_failedUids.size() - kMostNamed));
     if (m_numbers.failed > 0 && !hint.empty())
         Say(hint);
+    if (const std::string missing = MissingText(folder); !missing.empty())
+        Say(ThePeer().Name(), missing);
     if (good && FinalStatus() == 0 && m_numbers.completed + m_numbers.failed + m_numbers.warning == 0)
         Say(ThePeer().Name(), "nothing matched");
 }
 
 int RetrieveClient::Report(bool good, bool json, const ObjectFolder* folder, const std::string& hint) const {
-    SayOutcome(good, hint);
+    SayOutcome(good, folder, hint);
     Output out(DICOM_STDOUT);
     if (json) {
         rapidjson::StringBuffer buffer;
@@ -101,9 +121,12 @@ int RetrieveClient::Report(bool good, bool json, const ObjectFolder* folder, con
         for (const std::string& uid : m_failedUids)
             text(VisibleCopy(uid));
         writer.EndArray();
-        if (!good || !FinalText().empty()) {
+        std::string error = good ? FinalText() : Failure();
+        if (error.empty())
+            error = MissingText(folder);
+        if (!error.empty()) {
             writer.Key("error");
-            text(VisibleCopy(good ? FinalText() : Failure()));
+            text(VisibleCopy(error));
         }
         writer.EndObject();
         out.Put({buffer.GetString(), buffer.GetSize()});

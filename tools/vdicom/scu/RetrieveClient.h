@@ -33,9 +33,13 @@ public:
 protected:
     /// Takes a response to the request.
     void TakeResponse(unsigned short status, const SubOperations& numbers, VDicomDS* data);
+    /// What to look at when the peer says it sent more than arrived; may be empty.
+    virtual std::string MissingHint() const { return {}; }
 
 private:
-    void SayOutcome(bool good, const std::string& hint) const;
+    void SayOutcome(bool good, const ObjectFolder* folder, const std::string& hint) const;
+    std::string MissingText(const ObjectFolder* folder) const;
+    bool IsStatusWell() const;
     bool IsWell(bool good, const ObjectFolder* folder) const;
 
     SubOperations m_numbers;

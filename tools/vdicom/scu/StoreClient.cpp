@@ -144,6 +144,11 @@ void StoreClient::OnReceiveCStoreResponse(unsigned char, unsigned short messageI
     if (!Expect(messageID, m_messageID) || !m_isUnderWay)
         return;
     m_isUnderWay = false;
+    const StatusKind kind = KindOfStatus(status);
+    if (GetQueueSend() > 0 && (kind == StatusKind::success || kind == StatusKind::warning)) {
+        Fail("the peer acknowledged an object that it had not received");
+        return;
+    }
     const Ready& sent = m_slots[m_sending];
     TakeStatus(m_job.FileAt(sent.position), status);
     m_job.Answered(sent.position);

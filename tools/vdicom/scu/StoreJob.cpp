@@ -59,7 +59,8 @@ bool StoreJob::RunAssociation() {
 void StoreJob::ReportRest(const std::string& reason) {
     m_report.Lost(m_settings.peer, reason);
     for (; m_association < m_plan.CountAssociations(); ++m_association, m_position = {}) {
-        // A file that was sent in an earlier round is stored, and not one that was not sent.
+        // Only files of the round that broke off: with --repeat, those that come later are stored from an earlier
+        // round.
         Position rest = m_position;
         const std::uint64_t round = rest.round;
         for (; Seek(rest) && rest.round == round; Step(rest))

@@ -1,6 +1,7 @@
 #include "scu/StoreReceiver.h"
 
 #include "Message.h"
+#include "scu/Client.h"
 
 #include "VDicomMessageLoop.h"
 
@@ -25,6 +26,7 @@ StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
     SetTimeout(DICOM_TIMEOUT_IDLE, receiver.Settings().timeout);
     SetTimeout(DICOM_TIMEOUT_CLOSE, kCloseTimeout);
     SetSocketBuffers(0, 0);
+    SetLargestDataSet(kLargestIdentifier);
     SetLargestPDU(std::max<VDicomULong>(receiver.Settings().maxPdu, 1 << 20));
 }
 
@@ -33,8 +35,10 @@ void StoreReceiverConnection::OnReceive(int nError, unsigned char, char*, VDicom
         return;
     m_incoming.Drop();
     if (nError != DICOM_ERROR_TIMEOUT) {
-        Say(fmt::format("what came for storage cannot be understood: {}",
-                        GetErrorText(static_cast<unsigned int>(nError))));
+        const std::string own = KeepFailure(nError);
+        Say(own.empty() ? fmt::format("what came for storage cannot be understood: {}",
+                                      GetErrorText(static_cast<unsigned int>(nError)))
+                        : own);
         SendAbort(2, 0);
     }
 }
@@ -58,6 +62,10 @@ void StoreReceiverConnection::OnReceiveAbort(unsigned char, unsigned char) {
 }
 
 VDicomFile* StoreReceiverConnection::OnReceiveTarget(unsigned char id, VDicomDS* command) {
+    const bool isStore = IsStoreRequest(*command);
+    SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
+    if (!isStore)
+        return nullptr;
     return m_incoming.Begin(*command, GetAssociate()->GetTransfer(id, 0), GetRequestAssociate()->GetCalling());
 }
 
