@@ -12,10 +12,10 @@ compare=bench/peers.py
 [ "${1:-}" != net ] || { compare=bench/net_peers.py; shift; }
 for argument in "$@"; do
     case $argument in
-    --list | -h | --help) exec python3 bench/peers.py "$@" ;;
+    --list | -h | --help) exec python3 "$compare" "$@" ;;
     esac
 done
 cmake --preset release >/dev/null
 cmake --build --preset release --target vdicom_program >/dev/null
 python3 bench/make_files.py build/bench-files
-exec python3 $compare --program build/release/bin/vdicom --files build/bench-files "$@"
+exec python3 "$compare" --program build/release/bin/vdicom --files build/bench-files "$@"

@@ -148,6 +148,14 @@ void AddUniqueKey(Query& query) {
     query.keys.insert(place, {&unique, Key{}});
 }
 
+// What both kinds of request have in common.
+Outcome ReadKeys(VDicomDS& identifier, const QueryOptions& options, Query& query) {
+    query = Query{};
+    IdentifierReader reader(identifier, options, query);
+    Outcome outcome = reader.Read();
+    return outcome.IsSuccess() ? reader.CheckUpperKeys() : outcome;
+}
+
 } // namespace
 
 const QueryKey* Query::Find(VDicomULong tag) const {
@@ -157,22 +165,14 @@ const QueryKey* Query::Find(VDicomULong tag) const {
 }
 
 Outcome ReadQuery(VDicomDS& identifier, const QueryOptions& options, Query& query) {
-    query = Query{};
-    IdentifierReader reader(identifier, options, query);
-    if (Outcome outcome = reader.Read(); !outcome.IsSuccess())
-        return outcome;
-    if (Outcome outcome = reader.CheckUpperKeys(); !outcome.IsSuccess())
+    if (Outcome outcome = ReadKeys(identifier, options, query); !outcome.IsSuccess())
         return outcome;
     AddUniqueKey(query);
     return {};
 }
 
 Outcome ReadRetrieval(VDicomDS& identifier, const QueryOptions& options, Query& query) {
-    query = Query{};
-    IdentifierReader reader(identifier, options, query);
-    if (Outcome outcome = reader.Read(); !outcome.IsSuccess())
-        return outcome;
-    if (Outcome outcome = reader.CheckUpperKeys(); !outcome.IsSuccess())
+    if (Outcome outcome = ReadKeys(identifier, options, query); !outcome.IsSuccess())
         return outcome;
     if (query.hasUnsupportedValues)
         return Refuse(status::kDoesNotMatchClass, "only unique keys down to the level may have values");

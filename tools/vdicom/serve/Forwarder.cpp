@@ -127,8 +127,8 @@ void Forwarder::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/,
 
 unsigned int Forwarder::Store(unsigned char contextId, unsigned short messageId, const archive::RetrievedObject& object,
                               VDicomDS& ds) {
-    return SendCStoreRequest(contextId, messageId, object.classUid.c_str(), object.instanceUid.c_str(), 0,
-                             m_originTitle.c_str(), m_originMessage, &ds);
+    return SendCStoreRequest(contextId, messageId, object.classUid.c_str(), object.instanceUid.c_str(), 0, nullptr,
+                             m_originMessage, &ds);
 }
 
 void Forwarder::OnReceiveCStoreResponse(unsigned char /*id*/, unsigned short messageID, const char* /*classUID*/,

@@ -26,11 +26,8 @@ public:
     /// Whether the next try of it is to come, from LookAgain.
     bool IsToTryAgain() const { return m_toTryAgain; }
     void LookAgain();
-    /// Who asked for the objects, and with which message: their requests say so.
-    void SetOrigin(std::string title, unsigned short messageId) {
-        m_originTitle = std::move(title);
-        m_originMessage = messageId;
-    }
+    /// With which message the objects were asked for: their requests say so. (The library sends no title with it.)
+    void SetOrigin(unsigned short messageId) { m_originMessage = messageId; }
     void SetOnStored(std::function<void(unsigned short messageId, unsigned short status)> onStored) {
         m_onStored = std::move(onStored);
     }
@@ -82,7 +79,6 @@ private:
     bool m_toTryAgain = false;
     std::vector<StoreContext> m_proposed;
     std::vector<StoreContext> m_accepted;
-    std::string m_originTitle;
     unsigned short m_originMessage = 0;
     unsigned short m_nextMessage = 0;
     std::string m_failure;

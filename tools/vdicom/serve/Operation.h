@@ -1,6 +1,6 @@
 /// @file Operation.h
-/// What a peer has asked for and takes longer than one answer: a query, a retrieval, a storage commitment. A session
-/// has several at most; the server lets each go on by a little in every turn of its loop.
+/// What a peer has asked for and takes longer than one answer: a query or a retrieval. A session has several at most;
+/// the server lets each go on by a little in every turn of its loop. (Storage commitments are CommitOperation's.)
 #pragma once
 
 namespace program {

@@ -96,7 +96,7 @@ StoreChannel* MoveOperation::ChannelFor(std::size_t kind, std::string& reason) {
         channel = std::make_unique<Forwarder>(m_peer, server.Settings().title, server.Settings().maxPdu,
                                               [&server, number = m_session.Number()] { server.SetWorking(number); });
         channel->SetPatience(kPatience);
-        channel->SetOrigin(m_session.CallingTitle(), m_request.messageId);
+        channel->SetOrigin(m_request.messageId);
         channel->SetOnStored(
             [this](unsigned short messageId, unsigned short status) { m_objects.OnStored(messageId, status); });
         channel->Open(m_plan.Contexts(number));

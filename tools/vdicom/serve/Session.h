@@ -154,7 +154,7 @@ private:
     unsigned short m_nextMessage = 0;               ///< of requests of ours
     unsigned short m_reports = 0;
     std::set<unsigned short> m_answeredReports;
-    unsigned int m_unsent = 0; ///< answers since everything had left
+    unsigned int m_unsent = 0; ///< last answers (not those of operations) since everything had left
 
     std::uint64_t m_stored = 0;
     std::uint64_t m_failed = 0;

@@ -34,7 +34,7 @@ public:
 
 class SubOperations {
 public:
-    SubOperations(std::unique_ptr<archive::Retrieval> retrieval);
+    explicit SubOperations(std::unique_ptr<archive::Retrieval> retrieval);
 
     /// Every kind of object that is to be sent.
     const std::vector<ObjectKind>& Kinds() const { return m_kinds; }
