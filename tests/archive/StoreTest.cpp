@@ -99,8 +99,8 @@ TEST_F(Storing, AnObjectStoredAgainReplacesTheOneBefore) {
         ASSERT_EQ(Receive(*archive, object).status, 0);
     }
     ASSERT_EQ(archive->Store().Flush().status, 0);
-    EXPECT_EQ(FilesBelow(folder.Path()), 1u);
     EXPECT_EQ(FindAll(*archive, {{tag::kLevel, "STUDY"}, {0x00081030, ""}}, 0x00081030), "fifth");
+    EXPECT_EQ(FilesBelow(folder.Path()), 1u);
     // In another study, of another class: the old one has nothing left.
     ASSERT_EQ(Store(*archive, "1.6"), 0);
     ASSERT_EQ(Store(*archive, "1.5", {{tag::kStudy, "1.2"}, {tag::kClass, kMr}}), 0);
@@ -208,6 +208,7 @@ TEST_F(Storing, ReindexGivesTheSameIndex) {
     EXPECT_EQ(Reindex(folder.File(""), nullptr, nullptr).indexed, 30u);
     Reopen();
     ASSERT_EQ(Store(*archive, "1.5.0"), 0);
+    EXPECT_EQ(archive->Store().Settle().status, 0);
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "renamed"));
 }
 
@@ -259,7 +260,55 @@ TEST_F(Storing, FilesOfOtherObjectsAreNotOverwritten) {
     }
     ASSERT_EQ(archive->Store().Flush().status, 0);
     EXPECT_EQ(Store(*archive, "1.7"), 0);
+    EXPECT_EQ(Counts(), "1 1 1 3");
     EXPECT_EQ(FilesBelow(folder.Path()), 3u);
+}
+
+// Index and journal as processes leave them that are killed.
+TEST_F(Storing, TheJournalIsMadeGood) {
+    ASSERT_EQ(Store(*archive, "1.5", {{0x00081030, "first"}}), 0);
+    archive.reset();
+    const auto put = [&](const char* name, const char* uid, const char* description) {
+        VDicomDS object;
+        MakeObject(object, uid, {{0x00081030, description}});
+        ASSERT_EQ(object.SaveDS(PathOf(name).c_str(), DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE), DICOM_OK);
+    };
+    put("P1/1.1/1.1.1/1.5~.dcm", "1.5", "again");
+    put("P1/1.1/1.1.1/1.6.dcm", "1.6", "new");
+    put("P1/1.1/1.1.1/1.7.dcm", "1.7", "not acknowledged");
+    folder.Write("damaged.dcm", "no DICOM file");
+    folder.Write(".vdicom/journal", "P1/1.1/1.1.1/1.5~.dcm\ngone.dcm\ndamaged.dcm\nP1/1.1/1.1.1/1.5.dcm\n"
+                                    "P1/1.1/1.1.1/1.5~.dcm\nP1/1.1/1.1.1/1.6.dcm\nP1/1.1/1.1.1/1.7.dcm");
+    std::string complaints;
+    ArchiveOptions options{folder.File(""), "ARCHIVE"};
+    options.complaint = [&](const std::string& path, const std::string&) { complaints += path; };
+    for (int round = 0; round < 2; ++round) { // nothing is left to do for the second
+        archive.reset();
+        archive = std::make_unique<Archive>(options);
+        EXPECT_EQ(complaints, "damaged.dcm");
+        EXPECT_EQ(Counts(), "1 1 1 2");
+        EXPECT_TRUE(std::filesystem::exists(PathOf("P1/1.1/1.1.1/1.5~.dcm")));
+        EXPECT_FALSE(std::filesystem::exists(PathOf("P1/1.1/1.1.1/1.5.dcm")));
+    }
+}
+
+// A retrieval is under way while one of its objects is stored again.
+TEST_F(Storing, ARetrievalFindsTheFilesThatAreThere) {
+    for (const char* uid : {"1.5", "1.6"})
+        ASSERT_EQ(Store(*archive, uid), 0);
+    VDicomDS identifier;
+    Set(identifier, {{tag::kLevel, "STUDY"}, {tag::kStudy, "1.1"}});
+    std::unique_ptr<Retrieval> retrieval;
+    ASSERT_TRUE(archive->StartRetrieval(identifier, {}, retrieval).IsSuccess());
+    ASSERT_EQ(retrieval->Total(), 2u);
+    ASSERT_EQ(Store(*archive, "1.6", {{tag::kSeries, "1.1.2"}}), 0);
+    RetrievedObject object;
+    for (const bool settled : {false, true}) {
+        EXPECT_TRUE(!settled || archive->Store().Settle().IsSuccess());
+        ASSERT_TRUE(retrieval->Next(object));
+        EXPECT_TRUE(std::filesystem::exists(object.path)) << object.path;
+    }
+    EXPECT_FALSE(retrieval->Next(object));
 }
 
 TEST_F(Storing, FoldersWithoutFilesAreNoArchiveWithoutAnIndex) {

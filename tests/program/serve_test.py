@@ -37,6 +37,12 @@ def files_below(folder):
                   if name.endswith(".dcm") and "/.vdicom" not in at)
 
 
+def archived(server):
+    """Its files, once those that were replaced are gone: a query brings index and files up to the last object."""
+    run("find", *server.at, "--level", "study")
+    return files_below(server.folder)
+
+
 def fill(folder, server, count=3):
     paths = [make(folder, f"in/{i}.dcm", f"P{i % 2}", f"1.2.{i % 2}", f"1.2.{i % 2}.1", f"1.2.9.{i}",
                   pixels=bytes([i % 250] * 2000)) for i in range(count)]
@@ -57,7 +63,7 @@ def test_stores_finds_and_gives_back(folder):
         assert len(server.log("store")) == 5 and len(files_below(server.folder)) == 5
         # The same again replaces, and is not doubled.
         run("store", *server.at, folder("in"))
-        assert len(files_below(server.folder)) == 5
+        assert len(archived(server)) == 5
         assert server.stop() == 0 and server.log()[-1]["event"] == "stop"
 
 
@@ -67,7 +73,7 @@ def test_every_uncompressed_syntax_and_a_compressed_one(folder):
         for number, syntax in enumerate((IMPLICIT, EXPLICIT, BIG, DEFLATED)):
             run("convert", "--to", syntax, first, folder("one.dcm"))
             run("store", *server.at, folder("one.dcm"), "--max-pdu", "4096")
-            (stored,) = files_below(server.folder)
+            (stored,) = archived(server)
             assert run("dump", "--tag", "TransferSyntaxUID", stored).out.count(syntax + " "), number
             assert content(stored) == content(folder("one.dcm")), number
 
@@ -256,18 +262,22 @@ def test_a_peer_cannot_accept_itself_and_gets_an_answer_to_every_request(folder)
         assert talk(server, friend, pdu(5, bytes(4)) * 1000).count(pdu(6, bytes(4))) == 1
 
 
-def test_storing_goes_on_after_the_index_was_locked(folder):
+def test_what_is_stored_while_the_index_is_locked_is_kept(folder):
+    query = ["--level", "image", "-k", "StudyInstanceUID=1.2.9", "-k", "SeriesInstanceUID=1.2.9.1"]
     with Server(folder("archive")) as server:
         fill(folder, server, 1)
+        run("find", *server.at, *query)
         other = sqlite3.connect(os.path.join(server.folder, ".vdicom/index.sqlite"), isolation_level=None)
         other.execute("BEGIN IMMEDIATE")
-        path = make(folder, "late.dcm", "P9", "1.2.9", "1.2.9.1", "1.2.9.99")
-        run("store", *server.at, path, status=1)
+        late = [make(folder, f"late{i}.dcm", "P9", "1.2.9", "1.2.9.1", f"1.2.9.9{i}") for i in range(2)]
+        run("store", *server.at, late[0])
+        run("find", *server.at, *query, status=1)  # rather than leave it out
+        run("store", *server.at, late[1], status=1)
         assert server.log("store")[-1]["status"] == "A700"
         other.execute("ROLLBACK")
         other.close()
-        run("store", *server.at, path)
-        assert len(files_below(server.folder)) == 2
+        run("store", *server.at, late[1])
+        assert len(run("find", *server.at, *query, "--json").json()) == 2
 
 
 main(sys.modules[__name__])

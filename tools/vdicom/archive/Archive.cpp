@@ -77,7 +77,9 @@ Archive::Archive(const ArchiveOptions& options) try : m_options(options), m_fold
     EmptyFolder(m_folder.Unfinished());
     m_database = OpenIndex(m_folder, options.sync);
     m_index = std::make_unique<IndexWriter>(*m_database);
-    m_store = std::make_unique<FileStore>(m_folder.Root(), m_folder.Unfinished(), *m_index, options.sync);
+    m_store = std::make_unique<FileStore>(StorePlaces{m_folder.Root(), m_folder.Unfinished(), m_folder.Journal()},
+                                          *m_index, options.sync);
+    m_store->Replay(options.complaint);
     m_readers = std::make_unique<ReaderPool>(m_folder.Index());
 } catch (const DatabaseError& error) {
     throw ArchiveError(options.folder + ": the index cannot be used: " + error.what() +
@@ -90,6 +92,8 @@ Archive::Archive(const ArchiveOptions& options) try : m_options(options), m_fold
 Outcome Archive::StartFind(VDicomDS& identifier, const QueryOptions& options, std::unique_ptr<Find>& find) {
     Query query;
     if (Outcome outcome = ReadQuery(identifier, options, query); !outcome.IsSuccess())
+        return outcome;
+    if (Outcome outcome = m_store->Settle(); !outcome.IsSuccess())
         return outcome;
     try {
         find = std::make_unique<Find>(std::move(query), *m_readers, m_options.retrieveAE);
@@ -104,6 +108,8 @@ Outcome Archive::StartRetrieval(VDicomDS& identifier, const QueryOptions& option
     Query query;
     if (Outcome outcome = ReadRetrieval(identifier, options, query); !outcome.IsSuccess())
         return outcome;
+    if (Outcome outcome = m_store->Settle(); !outcome.IsSuccess())
+        return outcome;
     try {
         retrieval = std::make_unique<Retrieval>(query, *m_readers, m_folder.Root());
         return {};
@@ -113,6 +119,8 @@ Outcome Archive::StartRetrieval(VDicomDS& identifier, const QueryOptions& option
 }
 
 Outcome Archive::StartCommitment(VDicomDS& action, std::unique_ptr<Commitment>& commitment) {
+    if (Outcome outcome = m_store->Settle(); !outcome.IsSuccess())
+        return outcome;
     try {
         commitment = std::make_unique<Commitment>(*m_readers, m_folder.Root(), m_options.retrieveAE);
         return commitment->Read(action);
@@ -122,6 +130,7 @@ Outcome Archive::StartCommitment(VDicomDS& action, std::unique_ptr<Commitment>& 
 }
 
 Archive::Count Archive::Counts() {
+    m_store->Settle();
     const auto count = [this](const char* sql) { return static_cast<std::uint64_t>(m_database->Number(sql)); };
     return {count("SELECT count(*) FROM patient"), count("SELECT count(*) FROM study"),
             count("SELECT count(*) FROM series"), count("SELECT coalesce(sum(instances), 0) FROM series")};

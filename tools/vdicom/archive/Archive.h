@@ -3,6 +3,7 @@
 /// network.
 ///
 ///     FOLDER/.vdicom/index.sqlite     the index (IndexWriter, Schema)
+///     FOLDER/.vdicom/journal          what the index does not have yet (FileStore, Journal)
 ///     FOLDER/.vdicom/unfinished/      files that are being received (FileStore)
 ///     FOLDER/.vdicom/lock             held by the process that uses the archive
 ///     FOLDER/PATIENT/STUDY/SERIES/    the files
@@ -33,6 +34,8 @@ struct ArchiveOptions {
     std::string folder;     ///< UTF-8; made when it is not there
     std::string retrieveAE; ///< what responses name as Retrieve AE Title: our own
     bool sync = false;      ///< acknowledged objects outlast a power failure
+    /// Told of files that a killed process has taken and that cannot be read any more.
+    FileComplaint complaint = [](const std::string&, const std::string&) {};
 };
 
 /// Holds the archive's lock, and knows its places.
@@ -44,6 +47,7 @@ public:
     const std::string& Root() const { return m_root; }
     std::string Index() const { return m_root + "/.vdicom/index.sqlite"; }
     std::string NewIndex() const { return Index() + ".new"; }
+    std::string Journal() const { return m_root + "/.vdicom/journal"; }
     std::string Unfinished() const { return m_root + "/.vdicom/unfinished"; }
 
 private:
@@ -53,7 +57,7 @@ private:
 
 class Archive {
 public:
-    /// Opens or makes an archive; takes away what a killed process was receiving.
+    /// Opens or makes an archive; takes away what a killed process was receiving, and indexes what it had taken.
     /// @throw ArchiveError, also when files are there without an index (see Reindex)
     explicit Archive(const ArchiveOptions& options);
 
@@ -69,7 +73,7 @@ public:
     struct Count {
         std::uint64_t patients, studies, series, instances;
     };
-    /// What is in the index. @throw DatabaseError
+    /// What is in the archive. @throw DatabaseError
     Count Counts();
 
 private:
@@ -90,12 +94,9 @@ struct ReindexCounts {
 };
 /// Called after each file. @return false to stop; the old index stays then
 using ReindexProgress = std::function<bool(const ReindexCounts& counts)>;
-/// Called for each file that failed or is a duplicate, and each folder that cannot be read, with one sentence.
-using ReindexComplaint = std::function<void(const std::string& path, const std::string& reason)>;
-
 /// Makes the index of an archive anew from its files, those of other names and places below the folder too. The old
 /// index stays until the new one is whole. Symbolic links are not followed.
 /// @return what was found @throw ArchiveError (in use, cannot be written), DatabaseError
-ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const ReindexComplaint& complaint);
+ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const FileComplaint& complaint);
 
 } // namespace archive

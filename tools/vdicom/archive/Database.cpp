@@ -4,7 +4,7 @@ namespace archive {
 
 namespace {
 
-constexpr int kWaitForOthers = 10000; // milliseconds
+constexpr int kWaitForOthers = 1000; // milliseconds; nobody but this process should use it
 
 } // namespace
 

@@ -12,6 +12,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kKnownFolders = 4096;
+/// Objects in one transaction of the index: more would keep the other associations waiting for longer than some ms.
+constexpr std::size_t kMostUnsettled = 128;
+constexpr std::chrono::seconds kSettleAfter(1);
 constexpr unsigned short kMode = DICOM_FILE_CREATE | DICOM_FILE_READ | DICOM_FILE_WRITE;
 constexpr VDicomULong kMediaClass = 0x00020002, kMediaInstance = 0x00020003, kSourceAE = 0x00020016;
 
@@ -34,7 +37,7 @@ bool WriteMeta(const StoreRequest& request, VDicomFile& stream) {
     return isFilled && meta.SaveDS(&stream, kFlags) == DICOM_OK;
 }
 
-void Delete(const std::string& path) {
+void Remove(const std::string& path) {
     std::error_code ignored;
     fs::remove(path, ignored);
 }
@@ -56,19 +59,58 @@ std::string NameFor(const std::string& text) {
 void IncomingFile::Discard() {
     m_stream.Close(1);
     if (!m_path.empty())
-        Delete(m_path);
+        Remove(m_path);
     m_path.clear();
 }
 
-FileStore::FileStore(std::string folder, std::string unfinished, IndexWriter& index, bool sync)
-    : m_folder(std::move(folder)), m_unfinished(std::move(unfinished)), m_index(index), m_sync(sync) {}
+FileStore::FileStore(StorePlaces places, IndexWriter& index, bool sync)
+    : m_places(std::move(places)), m_index(index), m_journal(m_places.journal), m_sync(sync) {}
+
+FileStore::~FileStore() { Settle(); }
+
+void FileStore::Delete(const std::string& path) const { Remove(m_places.folder + '/' + path); }
+
+void FileStore::Replay(const FileComplaint& complaint) {
+    VDicomDS object;
+    object.SetLoadLimit(kLastIndexed);
+    std::set<std::string> replaced;
+    for (const std::string& path : m_journal.Read()) {
+        const std::string full = m_places.folder + '/' + path;
+        std::error_code error;
+        const std::uint64_t size = fs::file_size(full, error);
+        if (error == std::errc::no_such_file_or_directory)
+            continue; // the line is older than the index
+        Record record;
+        Outcome outcome;
+        if (const unsigned int code = object.LoadDS(full.c_str(), 0); code != DICOM_OK)
+            outcome = {status::kUnableToProcess, GetErrorText(code)};
+        else
+            outcome = ReadRecord(object, record);
+        if (!outcome.IsSuccess()) {
+            complaint(path, outcome.comment);
+            continue;
+        }
+        if (const std::optional<std::string> present = m_index.Find(record.Get(tag::kInstance)))
+            replaced.insert(*present);
+        m_index.Put(record, path, size);
+        replaced.erase(path);
+    }
+    m_index.Commit();
+    m_journal.Clear();
+    for (const std::string& path : replaced)
+        Delete(path);
+}
 
 Outcome FileStore::Begin(const StoreRequest& request, IncomingFile& file) {
     file.Discard();
     if (!IsUid(request.classUid) || !IsUid(request.instanceUid) || !IsUid(request.transferSyntax))
         return {status::kUnableToProcess, "the request has no valid SOP Class and Instance UID"};
+    if (!m_refusal.empty()) {
+        if (Outcome outcome = Settle(); !outcome.IsSuccess())
+            return outcome;
+    }
     file.m_request = request;
-    const std::string path = m_unfinished + '/' + std::to_string(++m_counter);
+    const std::string path = m_places.unfinished + '/' + std::to_string(++m_counter);
     if (file.m_stream.Open(path.c_str(), kMode) == 0)
         return OutOfResources("no file can be made: " + SystemText(file.m_stream.GetError()));
     file.m_path = path;
@@ -90,16 +132,11 @@ Outcome FileStore::Commit(IncomingFile& file, VDicomDS& data) {
         outcome = {status::kDoesNotMatchClass, "SOP Class UID is not that of the request"};
     else if (outcome.IsSuccess() && record.Get(tag::kInstance) != file.m_request.instanceUid)
         outcome = {status::kDoesNotMatchClass, "SOP Instance UID is not that of the request"};
-    std::string path;
     try {
         if (outcome.IsSuccess())
-            outcome = Place(file, record, path);
+            outcome = Place(file, record);
     } catch (const DatabaseError& error) {
-        // What the others of this turn have put into the index is lost as well.
-        if (!path.empty())
-            m_placed.push_back(m_folder + '/' + path);
-        outcome = OutOfResources(std::string("the index cannot be written: ") + error.what());
-        m_failure = outcome.comment;
+        outcome = OutOfResources(std::string("the index cannot be read: ") + error.what());
     }
     if (!outcome.IsSuccess())
         file.Discard();
@@ -115,7 +152,7 @@ Outcome FileStore::MakeFolder(const std::string& folder) {
     std::string above;
     for (std::size_t end = folder.find('/'); !error; end = folder.find('/', end + 1)) {
         const std::string part = folder.substr(0, end);
-        fs::create_directory(m_folder + '/' + part, error);
+        fs::create_directory(m_places.folder + '/' + part, error);
         if (m_sync) // also where it is there: the process that made it may have been killed since
             m_changed.insert(above);
         above = part;
@@ -128,22 +165,18 @@ Outcome FileStore::MakeFolder(const std::string& folder) {
     return {};
 }
 
-// Whether a file is in the way that is another object's, or that goes with the next Flush.
+// Whether a file is in the way that is another object's, or that goes when the index has what replaces it.
 bool FileStore::IsTaken(const std::string& path, const std::string& instanceUid) {
-    const std::string full = m_folder + '/' + path;
     std::error_code ignored;
-    return fs::exists(full, ignored) && (std::find(m_replaced.begin(), m_replaced.end(), full) != m_replaced.end() ||
-                                         m_index.IsOfAnother(path, instanceUid));
+    return fs::exists(m_places.folder + '/' + path, ignored) &&
+           (m_replaced.contains(path) || m_index.IsOfAnother(path, instanceUid));
 }
 
 // The name that is free: of two, one that neither the object's present file has nor another object's. Empty: none.
-std::string FileStore::PathFor(const Record& record) {
+std::string FileStore::PathFor(const Record& record, const std::string& present) {
     const std::string folder = NameFor(record.Get(tag::kPatientID)) + '/' + NameFor(record.Get(tag::kStudy)) + '/' +
                                NameFor(record.Get(tag::kSeries));
     const std::string& uid = record.Get(tag::kInstance);
-    const std::optional<std::string> present = m_index.Find(uid);
-    if (present)
-        m_replaced.push_back(m_folder + '/' + *present);
     for (const char* more : {"", "~"}) {
         std::string path = UsualFile(folder, NameFor(uid) + more);
         if (path != present && !IsTaken(path, uid))
@@ -152,50 +185,51 @@ std::string FileStore::PathFor(const Record& record) {
     return {};
 }
 
-Outcome FileStore::Place(IncomingFile& file, const Record& record, std::string& path) {
-    // Twice in one turn: the second must not take the name that the index still has for the one before both.
-    if (m_waiting.contains(record.Get(tag::kInstance))) {
+Outcome FileStore::Place(IncomingFile& file, Record& record) {
+    // Once more while it is on its way: the index has to know where the one before is.
+    const std::string uid = record.Get(tag::kInstance);
+    if (m_uids.contains(uid)) {
         if (Outcome outcome = Flush(); !outcome.IsSuccess()) {
-            m_failure = outcome.comment;
+            m_failure = outcome.comment; // for those who wait for the next one
             return outcome;
         }
+        if (Outcome outcome = Settle(); !outcome.IsSuccess())
+            return outcome;
     }
-    const std::size_t replacedBefore = m_replaced.size();
-    const std::string target = PathFor(record);
-    const auto fail = [&](const std::string& reason) {
-        m_replaced.resize(replacedBefore);
-        return OutOfResources(reason);
-    };
-    if (target.empty())
-        return fail("the files of other objects have the names that this one's file would get");
-    const std::string folder = target.substr(0, target.rfind('/'));
+    const std::string present = m_index.Find(uid).value_or("");
+    std::string path = PathFor(record, present);
+    if (path.empty() && !m_unsettled.empty() && Settle().IsSuccess()) // which may have set a name free
+        path = PathFor(record, present);
+    if (path.empty())
+        return OutOfResources("the files of other objects have the names that this one's file would get");
+    const std::string folder = path.substr(0, path.rfind('/'));
     if (Outcome outcome = MakeFolder(folder); !outcome.IsSuccess())
-        return fail(outcome.comment);
+        return outcome;
     if (m_sync && file.m_stream.Sync() == 0)
-        return fail("the file cannot be written: " + SystemText(file.m_stream.GetError()));
+        return OutOfResources("the file cannot be written: " + SystemText(file.m_stream.GetError()));
     const std::uint64_t size = file.m_stream.GetSize64();
     if (file.m_stream.Close(0) == 0)
-        return fail("the file cannot be written: " + SystemText(file.m_stream.GetError()));
+        return OutOfResources("the file cannot be written: " + SystemText(file.m_stream.GetError()));
     std::error_code error;
-    fs::rename(file.m_path, m_folder + '/' + target, error);
+    fs::rename(file.m_path, m_places.folder + '/' + path, error);
     if (error) {
         m_known.erase(folder); // somebody may have deleted it
-        return fail("the file cannot take its place: " + error.message());
+        return OutOfResources("the file cannot take its place: " + error.message());
     }
     file.m_path.clear();
-    path = target;
     if (m_sync)
         m_changed.insert(folder);
-    m_index.Put(record, path, size);
-    m_placed.push_back(m_folder + '/' + path);
-    m_waiting.insert(record.Get(tag::kInstance));
+    m_uids.insert(uid);
+    if (!present.empty())
+        m_replaced.insert(present);
+    m_placed.push_back({std::move(record), path, size, present});
     return {};
 }
 
 bool FileStore::SyncFolders(std::string& reason) {
     for (const std::string& folder : m_changed) {
         int error = 0;
-        if (VDicomFile::SyncFolder((m_folder + '/' + folder).c_str(), &error) == 0) {
+        if (VDicomFile::SyncFolder((m_places.folder + '/' + folder).c_str(), &error) == 0) {
             reason = SystemText(error);
             return false;
         }
@@ -204,41 +238,80 @@ bool FileStore::SyncFolders(std::string& reason) {
     return true;
 }
 
-// The files go before the index is as it was: one that is not in the index does no harm.
+// Nothing of this turn's is in the journal or the index.
 Outcome FileStore::GiveUp(const std::string& reason) {
-    for (const std::string& path : m_placed)
-        Delete(path);
+    for (const Placed& object : m_placed) {
+        Delete(object.path);
+        m_replaced.erase(object.replaced);
+        m_uids.erase(object.record.Get(tag::kInstance));
+    }
     m_placed.clear();
-    m_waiting.clear();
-    m_replaced.clear();
     m_changed.clear();
     m_known.clear();
     m_failure.clear();
-    try {
-        m_index.Rollback();
-    } catch (const DatabaseError&) { // it is closed without a commit then, which does the same
-    }
     return OutOfResources(reason);
+}
+
+bool FileStore::IsDue() const {
+    return m_unsettled.size() >= kMostUnsettled || (!m_unsettled.empty() && Clock::now() - m_oldest >= kSettleAfter);
 }
 
 Outcome FileStore::Flush() {
     if (!m_failure.empty())
-        return GiveUp(m_failure);
-    if (m_placed.empty())
-        return {};
+        return GiveUp(std::string(m_failure));
     std::string reason;
-    if (!SyncFolders(reason))
+    if (m_sync && !SyncFolders(reason))
         return GiveUp("the folders cannot be written: " + reason);
+    if (!m_sync && !m_placed.empty()) {
+        std::vector<std::string> lines;
+        for (const Placed& object : m_placed)
+            lines.push_back(object.path);
+        if (const int error = m_journal.Append(lines); error != 0)
+            return GiveUp("the journal cannot be written: " + SystemText(error));
+    }
+    if (m_unsettled.empty())
+        m_oldest = Clock::now();
+    const std::size_t before = m_unsettled.size();
+    std::move(m_placed.begin(), m_placed.end(), std::back_inserter(m_unsettled));
+    m_placed.clear();
+    if (m_sync && before == m_unsettled.size())
+        return {};
+    if (!m_sync && !IsDue())
+        return {};
+    Outcome outcome = Settle();
+    if (!m_sync || outcome.IsSuccess()) // in the journal, where nothing is lost
+        return {};
+    m_placed.swap(m_unsettled);
+    m_refusal.clear();
+    return GiveUp(outcome.comment);
+}
+
+Outcome FileStore::Settle() {
+    m_refusal.clear();
+    if (m_unsettled.empty())
+        return {};
     try {
+        for (const Placed& object : m_unsettled)
+            m_index.Put(object.record, object.path, object.size);
         m_index.Commit();
     } catch (const DatabaseError& error) {
-        return GiveUp(std::string("the index cannot be written: ") + error.what());
+        m_refusal = std::string("the index cannot be written: ") + error.what();
     }
-    for (const std::string& path : m_replaced)
-        Delete(path);
-    m_replaced.clear();
-    m_placed.clear();
-    m_waiting.clear();
+    if (!m_refusal.empty()) {
+        try {
+            m_index.Rollback();
+        } catch (const DatabaseError&) { // it is closed without a commit then, which does the same
+        }
+        return OutOfResources(m_refusal);
+    }
+    if (!m_sync)
+        m_journal.Clear();
+    for (const Placed& object : m_unsettled) {
+        m_uids.erase(object.record.Get(tag::kInstance));
+        if (!object.replaced.empty() && m_replaced.erase(object.replaced) != 0)
+            Delete(object.replaced);
+    }
+    m_unsettled.clear();
     return {};
 }
 

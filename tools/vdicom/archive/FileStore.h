@@ -6,20 +6,35 @@
 ///
 /// made of VDicomFile::MakeFileName; objects without Patient ID are below "%none". An object that is stored again
 /// replaces the one before: its file takes the other one of the two names UID.dcm and UID~.dcm, the index follows, and
-/// only then the old file goes. So a query or a killed process sees one or the other, whole. A retrieval that is under
-/// way may find the old file gone.
+/// only then the old file goes. So a query or a killed process sees one or the other, whole.
+///
+/// A transaction of the index costs more than all else, so it takes in many objects; until then they stand in the
+/// journal, from which the next process makes good what a killed one has left out.
 #pragma once
 
 #include "IndexWriter.h"
+#include "Journal.h"
 #include "Outcome.h"
 
 #include "VDicomDS.h"
 
+#include <chrono>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace archive {
+
+/// Called for each file that is not indexed, and each folder that cannot be read, with one sentence.
+using FileComplaint = std::function<void(const std::string& path, const std::string& reason)>;
+
+/// Where an archive's parts are.
+struct StorePlaces {
+    std::string folder;     ///< of the archive
+    std::string unfinished; ///< folder of the same file system
+    std::string journal;    ///< file
+};
 
 /// What a C-STORE request and its association say.
 struct StoreRequest {
@@ -53,47 +68,70 @@ private:
 /// One thread. Nothing is thrown but std::bad_alloc.
 class FileStore {
 public:
-    /// @param folder of the archive @param unfinished a folder of the same file system
     /// @param sync whether committed files outlast a power failure
-    FileStore(std::string folder, std::string unfinished, IndexWriter& index, bool sync);
+    FileStore(StorePlaces places, IndexWriter& index, bool sync);
+    ~FileStore();
+    FileStore(const FileStore&) = delete;
+    FileStore& operator=(const FileStore&) = delete;
+
+    /// To be called first: puts into the index what the journal of a killed process names. @throw DatabaseError
+    void Replay(const FileComplaint& complaint);
 
     /// Opens a file for an object, with preamble and group 0002 written. @return 0; A700: the disk is full, or the
-    /// file cannot be made; C000: the request's UIDs are none
+    /// file cannot be made, or the index refuses what came before; C000: the request's UIDs are none
     Outcome Begin(const StoreRequest& request, IncomingFile& file);
 
-    /// Puts a received object in its place and into the index. It must not be acknowledged before Flush.
+    /// Puts a received object in its place. It must not be acknowledged before Flush.
     /// @param data the object, loaded from the file's stream. It must not read values any more afterwards.
     /// @return 0; A700: the disk is full or refuses; A900: class or instance is not that of the request; C000: a UID is
     ///         missing or is none. After a failure nothing of the object is left.
     Outcome Commit(IncomingFile& file, VDicomDS& data);
 
     /// Makes what was committed since the last Flush last: all of it, or nothing. Call it once for all that arrived in
-    /// one turn of an event loop, and acknowledge then.
+    /// one turn of an event loop, and acknowledge then; and now and then when nothing arrives.
     /// @return 0; A700: none of these objects was stored, each has to be answered with it
     Outcome Flush();
+
+    /// Brings the index up to the last Flush, so that queries find what was acknowledged. @return 0; A700: the index
+    /// refuses; what was acknowledged stays in the journal and is tried again
+    Outcome Settle();
 
     /// How many objects wait for Flush.
     std::size_t Waiting() const { return m_placed.size(); }
 
 private:
-    Outcome Place(IncomingFile& file, const Record& record, std::string& path);
+    using Clock = std::chrono::steady_clock;
+    /// An object whose file has its place.
+    struct Placed {
+        Record record;
+        std::string path; ///< within the archive
+        std::uint64_t size;
+        std::string replaced; ///< path of the object's former file; may be empty
+    };
+
+    Outcome Place(IncomingFile& file, Record& record);
     Outcome MakeFolder(const std::string& folder);
-    std::string PathFor(const Record& record);
+    std::string PathFor(const Record& record, const std::string& present);
     bool IsTaken(const std::string& path, const std::string& instanceUid);
     bool SyncFolders(std::string& reason);
+    bool IsDue() const;
     Outcome GiveUp(const std::string& reason);
+    void Delete(const std::string& path) const;
 
-    std::string m_folder;
-    std::string m_unfinished;
+    StorePlaces m_places;
     IndexWriter& m_index;
+    Journal m_journal;
     bool m_sync;
     std::uint64_t m_counter = 0;
-    std::set<std::string> m_known;       ///< folders that are there
-    std::set<std::string> m_changed;     ///< folders to put onto the disk
-    std::vector<std::string> m_placed;   ///< files committed since the last Flush
-    std::vector<std::string> m_replaced; ///< files that go when they have been
-    std::set<std::string> m_waiting;     ///< their SOP Instance UIDs
-    std::string m_failure;               ///< the index has refused something since then, and is of no use until Flush
+    std::set<std::string> m_known;    ///< folders that are there
+    std::set<std::string> m_changed;  ///< folders to put onto the disk
+    std::vector<Placed> m_placed;     ///< committed since the last Flush
+    std::vector<Placed> m_unsettled;  ///< flushed, and not in the index yet
+    std::set<std::string> m_uids;     ///< SOP Instance UIDs of both
+    std::set<std::string> m_replaced; ///< paths of the files that go when they are in the index
+    Clock::time_point m_oldest;       ///< when the first of m_unsettled came
+    std::string m_failure;            ///< nothing of this turn can be kept, and why
+    std::string m_refusal;            ///< of the index, at the last Settle
 };
 
 /// The name of an archive's file or folder for a text; a long one is cut, and what is empty is "%none".

@@ -56,11 +56,11 @@ std::string UpdateSql(Level level) {
     return sql + " WHERE id = ?1";
 }
 
-// Parameters: series, file, size, columns.
+// Parameters: id or 0, series, file, size, columns.
 std::string InsertInstanceSql() {
-    std::string columns = "series, file, size";
-    std::string values = "?1, ?2, ?3";
-    int parameter = 3;
+    std::string columns = "id, series, file, size";
+    std::string values = "nullif(?1, 0), ?2, ?3, ?4";
+    int parameter = 4;
     for (const Attribute* attribute : ColumnsOf(Level::image)) {
         columns += std::string(", ") + attribute->column;
         values += ", ?" + std::to_string(++parameter);
@@ -88,7 +88,7 @@ IndexWriter::IndexWriter(Database& database)
       m_find(database, "SELECT file, folder FROM instance JOIN series ON series.id = instance.series "
                        "WHERE SOPInstanceUID = ?1"),
       m_ofAnother(database, "SELECT 1 FROM instance WHERE file = ?1 AND file <> '' AND SOPInstanceUID <> ?2 LIMIT 1"),
-      m_remove(database, "DELETE FROM instance WHERE SOPInstanceUID = ?1 RETURNING series, SOPClassUID"),
+      m_remove(database, "DELETE FROM instance WHERE SOPInstanceUID = ?1 RETURNING id, series, SOPClassUID"),
       m_look{
           {database, LookSql(Level::patient)}, {database, LookSql(Level::study)}, {database, LookSql(Level::series)}},
       m_insert{{database, InsertSql(Level::patient)},
@@ -257,11 +257,12 @@ void IndexWriter::PutClass(std::int64_t series, const std::string& classUid) {
         m_insertClass.BindAll(series, std::string_view(classUid)).Run();
 }
 
-void IndexWriter::PutInstance(const Row& series, const Record& record, const std::string& path, std::uint64_t size) {
+void IndexWriter::PutInstance(std::int64_t id, const Row& series, const Record& record, const std::string& path,
+                              std::uint64_t size) {
     const bool isUsual = path == UsualFile(series.folder, record.Get(tag::kInstance));
     const std::string_view file = isUsual ? std::string_view{} : std::string_view(path);
-    m_insertInstance.BindAll(series.id, file, static_cast<std::int64_t>(size));
-    int parameter = 3;
+    m_insertInstance.BindAll(id, series.id, file, static_cast<std::int64_t>(size));
+    int parameter = 4;
     for (const Attribute* attribute : m_columns[Number(Level::image)])
         m_insertInstance.Bind(++parameter, std::string_view(record[*attribute]));
     m_insertInstance.Run();
@@ -271,7 +272,7 @@ void IndexWriter::PutInstance(const Row& series, const Record& record, const std
 IndexWriter::Removed IndexWriter::Remove(const std::string& instanceUid) {
     Removed removed;
     if (m_remove.BindAll(std::string_view(instanceUid)).Step()) {
-        removed = {m_remove.Number(0), std::string(m_remove.Text(1))};
+        removed = {m_remove.Number(0), m_remove.Number(1), std::string(m_remove.Text(2))};
         --m_more[removed.series];
     }
     m_remove.Reset();
@@ -311,7 +312,7 @@ void IndexWriter::Put(const Record& record, const std::string& path, std::uint64
     const std::int64_t study = RowOf(Level::study, patient, record, path).id;
     const Row& series = RowOf(Level::series, study, record, path);
     const Removed before = Remove(record.Get(tag::kInstance));
-    PutInstance(series, record, path, size);
+    PutInstance(before.id, series, record, path, size); // retrievals that are under way find it by its row
     PutClass(series.id, record.Get(tag::kClass));
     const bool isAlike = before.series == series.id && before.classUid == record.Get(tag::kClass);
     if (before.series != 0 && !isAlike)

@@ -44,7 +44,8 @@ private:
     };
     /// Where an object was.
     struct Removed {
-        std::int64_t series = 0; ///< 0: nowhere
+        std::int64_t id = 0; ///< 0: nowhere
+        std::int64_t series = 0;
         std::string classUid;
     };
     /// Rows of a level that were used lately.
@@ -58,7 +59,8 @@ private:
     void Update(Level level, const Row& row);
     void PutNames(std::int64_t patient, const std::string& name);
     void PutClass(std::int64_t series, const std::string& classUid);
-    void PutInstance(const Row& series, const Record& record, const std::string& path, std::uint64_t size);
+    void PutInstance(std::int64_t id, const Row& series, const Record& record, const std::string& path,
+                     std::uint64_t size);
     Removed Remove(const std::string& instanceUid);
     void Refresh(std::int64_t series);
     void Drop(std::int64_t series);

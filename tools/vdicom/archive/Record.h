@@ -12,6 +12,9 @@
 
 namespace archive {
 
+/// As far as an object has to be loaded: behind the last attribute.
+inline constexpr VDicomULong kLastIndexed = 0x0070FFFF;
+
 /// The values of the attributes, by their number in kAttributes: UTF-8, values joined by backslashes, without padding.
 class Record {
 public:

@@ -13,8 +13,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::uint64_t kObjectsAtOnce = 1000;
-// Behind the last attribute of the index.
-constexpr VDicomULong kLastGroup = 0x0070FFFF;
 
 struct FoundFile {
     fs::file_time_type time;
@@ -30,7 +28,7 @@ std::string Within(const fs::path& root, const fs::path& path) {
 // The files below an entry of the archive's folder, which is a patient's usually: the oldest first, as they were
 // stored. Folders that cannot be read, such as a file system's own, are passed over.
 std::vector<FoundFile> FilesBelow(const fs::directory_entry& top, const fs::path& root,
-                                  const ReindexComplaint& complaint) {
+                                  const FileComplaint& complaint) {
     std::vector<FoundFile> files;
     std::vector<fs::path> folders;
     const auto add = [&](const fs::directory_entry& entry) {
@@ -69,9 +67,9 @@ template <class Each> void ForEachTop(const std::string& root, Each each) {
 class Rebuilder {
 public:
     Rebuilder(const std::string& root, Database& database, const ReindexProgress& progress,
-              const ReindexComplaint& complaint)
+              const FileComplaint& complaint)
         : m_root(root), m_index(database), m_progress(progress), m_complaint(complaint) {
-        m_ds.SetLoadLimit(kLastGroup);
+        m_ds.SetLoadLimit(kLastIndexed);
     }
 
     /// @return false when the caller asked to stop
@@ -132,13 +130,13 @@ private:
     std::string m_root;
     IndexWriter m_index;
     const ReindexProgress& m_progress;
-    const ReindexComplaint& m_complaint;
+    const FileComplaint& m_complaint;
     ReindexCounts m_counts;
     VDicomDS m_ds;
 };
 
 bool Build(const std::string& root, const std::string& path, const ReindexProgress& progress,
-           const ReindexComplaint& complaint, ReindexCounts& counts) {
+           const FileComplaint& complaint, ReindexCounts& counts) {
     Database database(path, Database::Mode::create);
     CreateSchema(database);
     database.Execute("PRAGMA synchronous = OFF");
@@ -157,7 +155,7 @@ bool Build(const std::string& root, const std::string& path, const ReindexProgre
 
 } // namespace
 
-ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const ReindexComplaint& complaint) {
+ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress, const FileComplaint& complaint) {
     const ArchiveFolder place(folder);
     const std::string path = place.NewIndex();
     ReindexCounts counts;
@@ -168,6 +166,7 @@ ReindexCounts Reindex(const std::string& folder, const ReindexProgress& progress
             return counts;
         }
         PutInPlace(path, place.Index());
+        Journal(place.Journal()).Clear();
     } catch (const fs::filesystem_error& error) {
         throw ArchiveError((error.path1().empty() ? place.Root() : error.path1().string()) + ": " +
                            error.code().message());

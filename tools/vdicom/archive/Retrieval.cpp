@@ -2,43 +2,44 @@
 
 #include "IndexWriter.h"
 
+#include <algorithm>
+
 namespace archive {
 
 Retrieval::Retrieval(const Query& query, ReaderPool& pool, std::string folder)
     : m_folder(std::move(folder)),
-      m_select(SelectForRetrieval(query, "series.folder, instance.file, instance.SOPInstanceUID, instance.SOPClassUID, "
-                                         "instance.AvailableTransferSyntaxUID, instance.size")),
-      m_selection(pool, m_select.sql) {
-    SelectText syntaxes =
-        SelectForRetrieval(query, "instance.SOPClassUID, instance.AvailableTransferSyntaxUID, count(*)");
-    syntaxes.sql += " GROUP BY 1, 2";
-    // One transaction for both, so that they see the same objects.
-    m_selection.Reader().Execute("BEGIN");
-    Statement groups(m_selection.Reader(), syntaxes.sql);
-    syntaxes.BindTo(groups);
-    while (groups.Step()) {
-        m_syntaxes.push_back({std::string(groups.Text(0)), std::string(groups.Text(1))});
-        m_total += static_cast<std::uint64_t>(groups.Number(2));
+      m_row(pool, "SELECT series.folder, instance.file, instance.SOPInstanceUID, instance.SOPClassUID, "
+                  "instance.AvailableTransferSyntaxUID, instance.size FROM instance "
+                  "JOIN series ON series.id = instance.series WHERE instance.id = ?1") {
+    const SelectText select =
+        SelectForRetrieval(query, "instance.id, instance.SOPClassUID, instance.AvailableTransferSyntaxUID");
+    Statement rows(m_row.Reader(), select.sql);
+    select.BindTo(rows);
+    while (rows.Step()) {
+        m_ids.push_back(rows.Number(0));
+        const auto isThis = [&rows](const RetrievedSyntax& known) {
+            return known.classUid == rows.Text(1) && known.transferSyntax == rows.Text(2);
+        };
+        if (std::none_of(m_syntaxes.begin(), m_syntaxes.end(), isThis))
+            m_syntaxes.push_back({std::string(rows.Text(1)), std::string(rows.Text(2))});
     }
-    m_select.BindTo(m_selection.Rows());
 }
 
 bool Retrieval::Next(RetrievedObject& object) {
-    if (m_done)
+    if (m_next == m_ids.size())
         return false;
-    Statement& rows = m_selection.Rows();
-    if (!rows.Step()) {
-        m_done = true;
-        m_selection.End();
-        return false;
+    object = {};
+    Statement& row = m_row.Rows();
+    if (row.BindAll(m_ids[m_next++]).Step()) {
+        object.instanceUid = row.Text(2);
+        const std::string_view file = row.Text(1);
+        object.path = m_folder + '/';
+        object.path += file.empty() ? UsualFile(std::string(row.Text(0)), object.instanceUid) : std::string(file);
+        object.classUid = row.Text(3);
+        object.transferSyntax = row.Text(4);
+        object.size = static_cast<std::uint64_t>(row.Number(5));
     }
-    object.instanceUid = rows.Text(2);
-    const std::string_view file = rows.Text(1);
-    object.path = m_folder + '/';
-    object.path += file.empty() ? UsualFile(std::string(rows.Text(0)), object.instanceUid) : std::string(file);
-    object.classUid = rows.Text(3);
-    object.transferSyntax = rows.Text(4);
-    object.size = static_cast<std::uint64_t>(rows.Number(5));
+    row.Reset();
     return true;
 }
 

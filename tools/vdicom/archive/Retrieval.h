@@ -1,5 +1,6 @@
 /// @file Retrieval.h
-/// The objects that a C-MOVE or C-GET asks for, one at a time.
+/// The objects that a C-MOVE or C-GET asks for, one at a time. Which ones is settled at its beginning; where the file
+/// of each is, when its turn comes, so that one that is stored again meanwhile is sent as it is then.
 #pragma once
 
 #include "Identifier.h"
@@ -30,7 +31,7 @@ public:
     Retrieval(const Query& query, ReaderPool& pool, std::string folder);
 
     /// How many objects there are: the number of sub-operations to begin with.
-    std::uint64_t Total() const { return m_total; }
+    std::uint64_t Total() const { return m_ids.size(); }
     /// Each combination of class and transfer syntax among them once.
     const std::vector<RetrievedSyntax>& Syntaxes() const { return m_syntaxes; }
     /// @return false when there are no more @throw DatabaseError
@@ -39,10 +40,9 @@ public:
 private:
     std::string m_folder;
     std::vector<RetrievedSyntax> m_syntaxes;
-    std::uint64_t m_total = 0;
-    SelectText m_select;
-    Selection m_selection;
-    bool m_done = false;
+    std::vector<std::int64_t> m_ids; ///< rows of the table of instances
+    std::size_t m_next = 0;
+    Selection m_row;
 };
 
 } // namespace archive

@@ -115,7 +115,10 @@ int Serve(const ServeOptions& options) {
         }
     }
     Log log(options.log, options.json);
-    archive::Archive archive({settings.folder, settings.title, settings.sync});
+    archive::Archive archive(
+        {settings.folder, settings.title, settings.sync, [&log](const std::string& path, const std::string& reason) {
+             log.Error("not indexed").Add("file", path).Add("comment", reason);
+         }});
     const Network network;
     if (!network.Failure().empty()) {
         Say(network.Failure());
