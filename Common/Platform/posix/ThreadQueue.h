@@ -80,7 +80,9 @@ private:
     bool Signal();
     void SignalWhatIsLeft();
     bool HasWork();
-    void Harvest(int milliseconds);
+    void Wait(int milliseconds);
+    bool Spin();
+    bool Harvest(int milliseconds);
     void FireTimers();
     void SetTimerDescriptor();
     bool Dispatch();
@@ -95,6 +97,8 @@ private:
     int m_event = -1; ///< readable while other threads or other loops shall see that there is work
     int m_timer = -1;
     int m_depth = 0;       ///< RunOnce within RunOnce
+    int m_spinsLost = 0;   ///< one after the other, without an event in time
+    int m_spinsToSkip = 0; ///< waits that are not worth a try
     bool m_shared = false; ///< another loop has the descriptor
     bool m_quit = false;
     int m_quitCode = 0;
