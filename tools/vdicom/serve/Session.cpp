@@ -229,7 +229,9 @@ void Session::NoteContexts() {
     for (int i = 0; i < accepted.GetPresentationCount(); ++i) {
         const unsigned char id = accepted.GetPresentation(i);
         const char* syntax = accepted.GetTransfer(id, 0);
-        if (accepted.GetResult(id) == 0 && accepted.GetProviderRole(id) != 0 && syntax != nullptr)
+        // Roles are those of a class; an association has them at its first context (PS3.7 D.3.3.4).
+        const unsigned char first = accepted.FindAbstract(accepted.GetAbstract(id));
+        if (accepted.GetResult(id) == 0 && accepted.GetProviderRole(first) != 0 && syntax != nullptr)
             m_storeContexts.push_back({id, accepted.GetAbstract(id), {syntax}});
     }
 }
