@@ -11,9 +11,10 @@ import sys
 import threading
 import time
 
-from support import BIG, IMPLICIT, PROGRAM, contains, element, equal, image, main, part10, run
+from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, contains, element, equal, image, main, part10, run
 
 CT, VERIFICATION = "1.2.840.10008.5.1.4.1.1.2", "1.2.840.10008.1.1"
+FIND = b"\x20\0"
 ABORT, RELEASED = b"\7\0\0\0\0\4\0\0\2\1", b"\6\0\0\0\0\4\0\0\0\0"
 
 
@@ -65,6 +66,16 @@ def receive(connection):
             raise EOFError
         body += piece
     return kind, body
+
+
+def associate(*classes):
+    """An A-ASSOCIATE-RQ with a context for each class, in explicit VR little endian."""
+    items = sub_item(0x10, b"1.2.840.10008.3.1.1.1")
+    for i, name in enumerate(classes):
+        items += sub_item(0x20, bytes([2 * i + 1, 0, 0, 0]) + sub_item(0x30, name.encode()) + sub_item(0x40, EXPLICIT.encode()))
+    items += sub_item(0x50, sub_item(0x51, struct.pack(">I", 16384)))
+    body = b"\0\1\0\0" + b"VDICOM".ljust(16) + b"SENDER".ljust(16) + bytes(32) + items
+    return struct.pack(">BBI", 1, 0, len(body)) + body
 
 
 def sub_item(kind, content):
@@ -307,6 +318,11 @@ def retrieval(status, numbers, *objects):
     def talk(connection):
         accepted = accept(connection)
         context, command, _, _ = message(connection)
+        while command[0x0100] == FIND:  # it has nothing to tell
+            respond(connection, context, command, 0)
+            if (following := message(connection)) is None:
+                return
+            context, command, _, _ = following
         stores = [number for number, (abstract, _) in accepted.items() if abstract == CT]
         for i, content in enumerate(objects):
             send_store(connection, stores[0], i + 1, f"1.2.{i}", content)
@@ -347,17 +363,102 @@ def test_a_retrieval_is_well_only_when_the_objects_are_here(folder):
             run("move", "127.0.0.1", port, "--destination", "OTHER", *keys, status=wanted)
 
 
+def archive(answers, offers):
+    """A peer of get: answers queries by (level, series in the query), and notes what is offered for storage."""
+    def talk(connection):
+        accepted = accept(connection, lambda _, syntaxes: (offers.append((_, syntaxes)), syntaxes[0])[1])
+        while (got := message(connection)) is not None:
+            context, command, data, _ = got
+            if command[0x0100] != FIND:
+                respond(connection, context, command, 0, data=element(0x00080058, "UI", ""))
+                continue
+            level = next(name for name in ("IMAGE", "SERIES", "STUDY") if element(0x00080052, "CS", name) in data)
+            status, *matches = answers.get((level, element(0x0020000E, "UI", "1.2.1") in data), (0xA900,))
+            for match in matches:
+                respond(connection, context, command, 0xFF00, data=b"".join(element(*one) for one in match))
+            respond(connection, context, command, status)
+
+    return talk
+
+
+def test_get_offers_what_the_archive_says_that_it_has(folder):
+    study, series, rle = (0x0020000D, "UI", "1.2"), (0x0020000E, "UI", "1.2.1"), "1.2.840.10008.1.2.5"
+    image = ((0x00080016, "UI", CT), (0x00080018, "UI", "1.2.9"), (0x00083002, "UI", rle), study, series)
+    classes = (0, ((0x00080062, "UI", CT), study))
+    others = [(CT, sorted([EXPLICIT, IMPLICIT, BIG, DEFLATED]))]
+    for answers, wanted in (
+            ({("IMAGE", False): (0, image)}, [(CT, [rle])] + others),  # at once
+            ({("IMAGE", True): (0, image), ("SERIES", False): (0, (study, series)), ("STUDY", False): classes}, [(CT, [rle])] + others),
+            ({("SERIES", False): (0, (study, series)), ("STUDY", False): classes}, 2 * [CT]),  # images are refused
+            ({("IMAGE", False): (0, image, (study, series)), ("STUDY", False): (0, (study,))}, 127),  # one is not told
+            ({("IMAGE", False): (0xA700, image)}, 127), ({}, 127)):
+        offers = []
+        with peer(archive(answers, offers)) as port:
+            run("get", "127.0.0.1", port, "--to", folder("in"), "-k", "StudyInstanceUID=1.2")
+        stored = [(name, sorted(syntaxes)) for name, syntaxes in offers if ".1.2.2." not in name]
+        if wanted == 127:
+            equal(len({name for name, _ in stored}), 127)
+        elif wanted == 2 * [CT]:
+            assert len(stored) > 20 and {name for name, _ in stored} == {CT} and (CT, [rle]) in stored, stored
+        else:
+            equal(stored, wanted)
+
+
 def test_an_object_that_the_disk_has_no_room_for_is_answered_and_the_next_one_taken(folder):
     large, small = (element(0x00080018, "UI", f"1.2.{i}") + element(0x7FE00010, "OW", bytes(size))
                     for i, size in enumerate((900_000, 10)))
-    talk, answers = retrieval(0xB000, (0, 1, 1, 0), large, small)
-    with peer(talk) as port:
-        result = run("get", "127.0.0.1", port, "--to", folder("in"), "-k", "StudyInstanceUID=1.2", "--class", CT,
-                     status=1, restore_signals=False,  # SIGXFSZ stays ignored: the limit is an error, as a full disk is
-                     preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (20000, 20000)))
-    equal(answers, [0xA700, 0])
-    contains(result.err, "is the disk full?")
-    equal(os.listdir(folder("in")), ["1.2.1.dcm"])
+    own, (talk, answers) = closed_port(), retrieval(0xB000, (0, 1, 1, 0), large, small)
+
+    def move(connection):
+        """The objects go to the program over an association of its own."""
+        accept(connection)
+        context, command, _, _ = message(connection)
+        with socket.create_connection(("127.0.0.1", own)) as store:
+            store.sendall(associate(CT))
+            equal(receive(store)[0], 2)
+            for i, content in enumerate((large, small)):
+                send_store(store, 1, i + 1, f"1.2.{i}", content)
+                answers.append(struct.unpack("<H", message(store)[1][0x0900])[0])
+        respond(connection, context, command, 0xB000, extra=element(0x1021, "", b"\1\0", implicit=True) + element(0x1022, "", b"\1\0", implicit=True))
+        message(connection)
+
+    for name, script, arguments in (("get", talk, ("--class", CT)), ("move", move, ("--listen", own))):
+        for json in ((), ("--json",)):
+            with peer(script) as port:
+                result = run(name, "127.0.0.1", port, "--to", folder(name), "--overwrite", "-k", "StudyInstanceUID=1.2", *arguments, *json,
+                             status=1, restore_signals=False,  # SIGXFSZ stays ignored: the limit is an error, as a full disk is
+                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (20000, 20000)))
+            if json:
+                equal(result.json()["problems"], [{"sopInstanceUID": "1.2.0", "status": 0xA700, "text": "not written: File too large"}])
+            contains(result.json()["error"] if json else result.err, f"{folder(name)}: 1 object could not be written: File too large")
+            equal(os.listdir(folder(name)), ["1.2.1.dcm"])
+    equal(answers, [0xA700, 0] * 4)
+
+
+def test_objects_that_arrive_keep_a_move_alive_and_silence_ends_it(folder):
+    own, objects = closed_port(), 4
+
+    def move(connection):
+        accept(connection)
+        context, command, _, _ = message(connection)
+        with socket.create_connection(("127.0.0.1", own)) as store:  # slower than the time-out, and no response meanwhile
+            store.sendall(associate(CT))
+            equal(receive(store)[0], 2)
+            for i in range(objects):
+                send_store(store, 1, i + 1, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
+                equal(message(store)[1][0x0900], b"\0\0")
+                time.sleep(0.5)
+            if objects == 1:
+                equal(connection.recv(1), b"\7")  # it is aborted
+                return
+        respond(connection, context, command, 0, extra=element(0x1021, "", struct.pack("<H", objects), implicit=True))
+        message(connection)
+
+    with peer(move) as port:
+        arguments = ("move", "127.0.0.1", port, "--to", folder("in"), "--listen", own, "-k", "StudyInstanceUID=1.2", "--timeout", "1", "--overwrite")
+        contains(run(*arguments).out, "4 objects written")
+        objects = 1
+        contains(run(*arguments, status=1).err, "nothing went either way for 1 s")
 
 
 def test_a_peer_that_ignores_the_cancel_is_left(_):

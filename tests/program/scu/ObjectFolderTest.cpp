@@ -26,7 +26,7 @@ protected:
         IncomingObject incoming(folder);
         VDicomDS command, object, data;
         Announce(command, announced);
-        VDicomFile* file = incoming.Begin(command, "1.2.840.10008.1.2.2", "SENDER");
+        VDicomFile* file = incoming.Begin(1, command, "1.2.840.10008.1.2.2", "SENDER");
         if (!file)
             return incoming.Finish(nullptr);
         object.FindSetValue(nullptr, 0x00080018, vdicom::vr::UI, holds, 1);
@@ -80,7 +80,7 @@ TEST_F(ObjectFolderTest, WhatIsWrongOrDoesNotComeLeavesNothing) {
         EXPECT_EQ(incoming.Finish(nullptr), 0xA900U);
         VDicomDS command;
         Announce(command, "1.2.5");
-        EXPECT_NE(incoming.Begin(command, "1.2.840.10008.1.2", ""), nullptr);
+        EXPECT_NE(incoming.Begin(1, command, "1.2.840.10008.1.2", ""), nullptr);
         EXPECT_EQ(CountFiles(), 1U);
     }
     EXPECT_EQ(CountFiles(), 0U);

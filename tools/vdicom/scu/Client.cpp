@@ -69,6 +69,7 @@ bool Client::Run() {
             break;
         }
         LookAtInterrupts();
+        Look();
     }
     return m_loss == Loss::none;
 }

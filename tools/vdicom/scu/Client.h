@@ -69,6 +69,9 @@ protected:
     /// The user wants it to end. A second interrupt, or one that is not followed within some seconds, ends it anyway.
     virtual void Cancel() { Fail("interrupted", Loss::refusal); }
 
+    /// Comes about ten times a second, whatever else happens.
+    virtual void Look() {}
+
     /// Ends the association in order: all is done.
     void Release();
     /// Ends it at once.
@@ -82,6 +85,8 @@ protected:
     unsigned char ContextFor(const char* classUid);
     /// What a status means, with the comment that came with it.
     std::string Text(Service service, unsigned short status) const { return StatusText(service, status, m_comment); }
+    /// What a time-out (DICOMTIMEOUT) means.
+    std::string TimeoutText(unsigned char which) const;
     /// From now on the peer has some seconds to end the operation.
     void LimitPatience();
     /// Whether the work has begun and not ended.
@@ -93,7 +98,6 @@ private:
     void LookAtInterrupts();
     void End();
     std::string ConnectText(unsigned int code) const;
-    std::string TimeoutText(unsigned char which) const;
     std::string LossText(int code) const;
 
     Peer m_peer;

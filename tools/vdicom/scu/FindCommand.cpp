@@ -69,7 +69,7 @@ public:
 
     void OnReceiveCFindResponse(unsigned char, unsigned short messageID, const char*, unsigned short status,
                                 VDicomDS* data) override {
-        if (!Expect(messageID, kMessage) || TakeStatus(status))
+        if (!Expect(messageID, Message()) || TakeStatus(status))
             return;
         if (m_limit > 0 && m_matches == m_limit) {
             m_isCut = true;
@@ -96,7 +96,7 @@ public:
 
 protected:
     unsigned int Ask(unsigned char context, const char* classUid, VDicomDS& identifier) override {
-        return SendCFindRequest(context, kMessage, classUid, 0, &identifier);
+        return SendCFindRequest(context, Message(), classUid, 0, &identifier);
     }
 
 private:

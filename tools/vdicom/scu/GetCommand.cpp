@@ -3,33 +3,34 @@
 
 #include "Commands.h"
 #include "Message.h"
+#include "scu/Inquiry.h"
 #include "scu/Interrupt.h"
+#include "scu/RetrievalPlan.h"
 #include "scu/RetrieveClient.h"
-#include "scu/StorageClasses.h"
 
 #include <fmt/format.h>
 
 #include <optional>
-#include <utility>
 
 namespace program {
 
 namespace {
 
-constexpr VDicomULong kAffectedClass = 0x00000002, kMessageID = 0x00000110, kAffectedInstance = 0x00001000;
-constexpr unsigned short kShort = 1, kText = 5; // value types of FindGetValue
-constexpr std::size_t kMostOffers = 127;        // 128 contexts, one of them for the request
+constexpr std::size_t kMostOffers = 127; // 128 contexts, one of them for the request
 
 constexpr const char* kDescription =
     "Fetches objects of a peer into files (C-GET): everything of the patients, studies, series or images whose UIDs\n"
     "are given. Files are named by their SOP Instance UID, and appear whole or not at all.";
 
 constexpr const char* kFooter =
-    "The objects come over the association that asks for them, in at most 127 contexts. Without --class the storage\n"
-    "classes that are met most often are offered, each with every transfer syntax; which of them the peer takes is "
-    "its\n"
-    "own choice, made before it looks at the objects. With --class (up to three) every compressed transfer syntax is\n"
-    "offered in a context of its own, so that compressed objects come as they are.\n\n"
+    "The objects come over the association that asks for them, and the peer takes one transfer syntax for each "
+    "context\n"
+    "before it looks at them. So it is asked first which classes and syntaxes they have (C-FIND), and each is offered "
+    "in\n"
+    "a context of its own, in as many associations as their number demands: objects come as the archive has them. An\n"
+    "archive that does not tell is offered the classes that are met most often, each with every syntax in one "
+    "context.\n"
+    "With --class it is not asked.\n\n"
     "Examples:\n"
     "  vdicom get archive.example 104 --called ARCHIVE --to folder -k StudyInstanceUID=1.2.3\n"
     "  vdicom get localhost 11112 --to folder -k SOPInstanceUID=1.2.3.4 --class CTImageStorage\n";
@@ -41,7 +42,6 @@ struct GetSettings {
     Peer peer;
     Query query;
     std::vector<std::string> classes;
-    bool areClassesGiven = false;
     std::string to;
     bool overwrite = false;
     bool json = false;
@@ -49,28 +49,22 @@ struct GetSettings {
 
 class GetClient final : public RetrieveClient {
 public:
-    GetClient(const GetSettings& settings, ObjectFolder& folder)
-        : RetrieveClient(settings.peer, settings.query, Service::get), m_incoming(folder) {
-        m_offers = OffersFor(settings.classes, kMostOffers, m_left);
-    }
-
-    /// How many storage classes there was no context for.
-    std::size_t CountLeftClasses() const { return m_left; }
+    GetClient(const GetSettings& settings, const Retrieval& retrieval, RetrieveReport& report, ObjectFolder& folder)
+        : RetrieveClient(settings.peer, settings.query, Service::get, report), m_retrieval(retrieval),
+          m_incoming(folder) {}
 
     VDicomFile* OnReceiveTarget(unsigned char id, VDicomDS* command) override {
-        m_arriving.reset();
         const bool isStore = IsStoreRequest(*command);
         SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
-        if (!isStore)
-            return nullptr;
-        m_arriving = StoreOf(id, *command);
-        return m_incoming.Begin(*command, GetAssociate()->GetTransfer(id, 0), ThePeer().called);
+        if (isStore)
+            return m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), ThePeer().called);
+        m_incoming.Drop();
+        return nullptr;
     }
 
     void OnReceiveCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                 const char* instanceUID, unsigned short, const char*, unsigned short,
                                 VDicomDS* data) override {
-        m_arriving.reset();
         const unsigned short status = m_incoming.Finish(data);
         if (IsWorking())
             Sent(SendCStoreResponse(id, messageID, classUID, instanceUID, status));
@@ -79,17 +73,16 @@ public:
     void OnReceiveCGetResponse(unsigned char, unsigned short messageID, const char*, unsigned short status,
                                unsigned short remaining, unsigned short completed, unsigned short failed,
                                unsigned short warning, VDicomDS* data) override {
-        if (Expect(messageID, kMessage))
+        if (Expect(messageID, Message()))
             TakeResponse(status, {remaining, completed, failed, warning}, data);
     }
 
     void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override {
-        // One object less, and the next may find room.
-        const bool isUnwritten = nError == DICOM_ERROR_WRITE || nError == DICOM_ERROR_OPEN;
-        if (isUnwritten && m_arriving && IsWorking()) {
-            const StoreRequest request = *std::exchange(m_arriving, std::nullopt);
+        IncomingObject::Request request;
+        const unsigned short status = nError != 0 && IsWorking() ? m_incoming.GiveUp(nError, request) : 0;
+        if (status != 0) {
             Sent(SendCStoreResponse(request.context, request.messageID, request.classUid.c_str(),
-                                    request.instanceUid.c_str(), m_incoming.GiveUp(KeepFailure(nError))));
+                                    request.instanceUid.c_str(), status));
             return;
         }
         if (nError != 0)
@@ -101,45 +94,32 @@ protected:
     bool Propose(VDicomAssociate& request) override {
         bool good = RetrieveClient::Propose(request);
         unsigned char id = kContext;
-        for (const StorageOffer& offer : m_offers) {
+        for (const StorageOffer& offer : m_retrieval.offers) {
             id = static_cast<unsigned char>(id + 2);
-            // The roles turn round (PS3.7 D.3.3.4): here the requestor is the one that stores.
+            // The roles turn round, once for each class (PS3.7 D.3.3.4): here the requestor is the one that stores.
+            const bool isFirst = request.FindAbstract(offer.classUid.c_str()) == 0;
             good = good && AddContext(request, id, offer.classUid.c_str(), offer.syntaxes) &&
-                   request.SetRoleSelect(id, 1, 0, 1) == DICOM_OK;
+                   (!isFirst || request.SetRoleSelect(id, 1, 0, 1) == DICOM_OK);
         }
         return good;
     }
 
     unsigned int Ask(unsigned char context, const char* classUid, VDicomDS& identifier) override {
-        return SendCGetRequest(context, kMessage, classUid, 0, &identifier);
+        return SendCGetRequest(context, Message(), classUid, 0, &identifier);
+    }
+
+    const Query& FirstQuery() override { return m_retrieval.requests.front(); }
+    const Query* NextQuery(unsigned short) override {
+        return ++m_request < m_retrieval.requests.size() ? &m_retrieval.requests[m_request] : nullptr;
     }
 
 private:
-    struct StoreRequest {
-        unsigned char context;
-        unsigned short messageID;
-        std::string classUid, instanceUid;
-    };
-
-    static StoreRequest StoreOf(unsigned char context, VDicomDS& command) {
-        unsigned short messageID = 0;
-        command.FindGetValue(nullptr, kMessageID, kShort, &messageID, sizeof messageID);
-        char classUid[65] = "", instanceUid[65] = "";
-        command.FindGetValue(nullptr, kAffectedClass, kText, classUid, sizeof classUid);
-        command.FindGetValue(nullptr, kAffectedInstance, kText, instanceUid, sizeof instanceUid);
-        return {context, messageID, classUid, instanceUid};
-    }
-
-    std::optional<StoreRequest> m_arriving; ///< its object is on its way
+    const Retrieval& m_retrieval;
+    std::size_t m_request = 0;
     IncomingObject m_incoming;
-    std::vector<StorageOffer> m_offers;
-    std::size_t m_left = 0;
 };
 
 std::string ReadClasses(const std::vector<std::string>& given, GetSettings& settings) {
-    settings.areClassesGiven = !given.empty();
-    if (given.empty())
-        settings.classes = StorageClasses();
     for (const std::string& text : given) {
         settings.classes.push_back(FindStorageClass(text));
         if (settings.classes.back().empty())
@@ -148,14 +128,61 @@ std::string ReadClasses(const std::vector<std::string>& given, GetSettings& sett
     return given.size() > kMostOffers ? fmt::format("--class: {} at most", kMostOffers) : std::string();
 }
 
-std::string HintFor(const GetSettings& settings, std::size_t left) {
-    if (settings.areClassesGiven)
-        return "objects that failed may be of another class than --class says";
-    std::string hint = "what failed may be stored in a transfer syntax that the peer did not choose; name the class "
-                       "with --class, which offers each syntax by itself";
-    if (left > 0)
-        hint += fmt::format(" ({} seldom classes were not offered at all)", left);
-    return hint;
+/// Asks the archive what it has, unless the user said it. @param hint receives what to do when objects fail
+/// @return none: there is no archive, which has been put into the report
+std::vector<Retrieval> Plan(const GetSettings& settings, RetrieveReport& report, std::string& hint) {
+    Retrieval one;
+    one.requests.push_back(settings.query);
+    if (!settings.classes.empty()) {
+        hint = "objects that failed may be of another class than --class says";
+        one.offers = OffersFor(settings.classes, kMostOffers, one.left);
+        return {one};
+    }
+    Inquiry inquiry(settings.peer, settings.query);
+    const bool good = inquiry.Run();
+    if (!inquiry.WasEstablished() || InterruptWatch::Count() > 0) {
+        report.EndAssociation(good, inquiry);
+        report.Interrupt();
+        return {};
+    }
+    if (const std::vector<Holding> holdings = inquiry.Holdings(); good && !holdings.empty()) {
+        hint = "the classes and transfer syntaxes that the peer names were offered to it; its own log may say why it "
+               "could not send these";
+        return PlanRetrievals(settings.query, holdings, kMostOffers);
+    }
+    one.offers = OffersFor(StorageClasses(), kMostOffers, one.left);
+    hint = "the peer does not tell what it has, and what failed may be stored in a transfer syntax that it did not "
+           "choose; name the class with --class, which offers each syntax by itself";
+    if (one.left > 0)
+        hint += fmt::format(" ({} seldom classes were not offered at all)", one.left);
+    return {one};
+}
+
+int Get(const GetSettings& settings) {
+    const Network network;
+    if (!network.Failure().empty()) {
+        Say(network.Failure());
+        return kInputFailed;
+    }
+    ObjectFolder folder(settings.to, settings.overwrite);
+    if (const std::string wrong = folder.Prepare(); !wrong.empty()) {
+        Say(wrong);
+        return kInputFailed;
+    }
+    const InterruptWatch watch;
+    RetrieveReport report(settings.peer, &folder);
+    std::string hint;
+    const std::vector<Retrieval> retrievals = Plan(settings, report, hint);
+    for (std::size_t i = 0; i < retrievals.size(); ++i) {
+        GetClient client(settings, retrievals[i], report, folder);
+        const bool good = client.Run();
+        report.EndAssociation(good, client);
+        if (good && InterruptWatch::Count() > 0 && i + 1 < retrievals.size())
+            report.Interrupt();
+        if (!good || InterruptWatch::Count() > 0)
+            break;
+    }
+    return report.Tell(settings.json, hint, {});
 }
 
 } // namespace
@@ -181,21 +208,7 @@ int RunGet(int count, const char* const* arguments) {
         return options.Wrong(wrong);
     if (const std::string wrong = ReadClasses(classes, settings); !wrong.empty())
         return options.Wrong(wrong);
-
-    const Network network;
-    if (!network.Failure().empty()) {
-        Say(network.Failure());
-        return kInputFailed;
-    }
-    ObjectFolder folder(settings.to, settings.overwrite);
-    if (const std::string wrong = folder.Prepare(); !wrong.empty()) {
-        Say(wrong);
-        return kInputFailed;
-    }
-    const InterruptWatch watch;
-    GetClient client(settings, folder);
-    const bool good = client.Run();
-    return client.Report(good, settings.json, &folder, HintFor(settings, client.CountLeftClasses()));
+    return Get(settings);
 }
 
 } // namespace program

@@ -9,6 +9,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 
 namespace program {
@@ -40,27 +42,46 @@ struct MoveSettings {
 
 class MoveClient final : public RetrieveClient {
 public:
-    explicit MoveClient(const MoveSettings& settings)
-        : RetrieveClient(settings.peer, settings.query, Service::move), m_destination(settings.destination) {}
+    /// @param receiver where the objects arrive; null: they go elsewhere
+    MoveClient(const MoveSettings& settings, RetrieveReport& report, const StoreReceiver* receiver)
+        : RetrieveClient(settings.peer, settings.query, Service::move, report), m_destination(settings.destination),
+          m_receiver(receiver) {
+        // What arrives at the receiver keeps this association alive: see Look.
+        if (receiver)
+            SetTimeout(DICOM_TIMEOUT_IDLE, 0);
+    }
+
+    void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override {
+        m_lastActivity = Clock::now();
+        RetrieveClient::OnReceive(nError, nType, buffer, length);
+    }
 
     void OnReceiveCMoveResponse(unsigned char, unsigned short messageID, const char*, unsigned short status,
                                 unsigned short remaining, unsigned short completed, unsigned short failed,
                                 unsigned short warning, VDicomDS* data) override {
-        if (Expect(messageID, kMessage))
+        if (Expect(messageID, Message()))
             TakeResponse(status, {remaining, completed, failed, warning}, data);
     }
 
 protected:
     unsigned int Ask(unsigned char context, const char* classUid, VDicomDS& identifier) override {
-        return SendCMoveRequest(context, kMessage, classUid, 0, m_destination.c_str(), &identifier);
+        return SendCMoveRequest(context, Message(), classUid, 0, m_destination.c_str(), &identifier);
     }
 
-    std::string MissingHint() const override {
-        return fmt::format("does its entry for {} name this host and port?", m_destination);
+    void Look() override {
+        if (!m_receiver || !IsWorking() || ThePeer().timeout == 0)
+            return;
+        const auto last = std::max(m_lastActivity, m_receiver->LastActivity());
+        if (Clock::now() - last > std::chrono::milliseconds(ThePeer().timeout))
+            Fail(TimeoutText(DICOM_TIMEOUT_IDLE), Loss::connection);
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     const std::string& m_destination;
+    const StoreReceiver* m_receiver;
+    Clock::time_point m_lastActivity = Clock::now();
 };
 
 int Move(const MoveSettings& settings) {
@@ -82,13 +103,16 @@ int Move(const MoveSettings& settings) {
         }
     }
     const InterruptWatch watch;
-    MoveClient client(settings);
+    RetrieveReport report(settings.peer, receiver ? &folder : nullptr);
+    MoveClient client(settings, report, receiver.get());
     const bool good = client.Run();
     if (receiver)
         receiver->Finish();
-    const std::string hint =
-        fmt::format("does the peer know host and port of {}, and does something listen there?", settings.destination);
-    return client.Report(good, settings.json, receiver ? &folder : nullptr, hint);
+    report.EndAssociation(good, client);
+    return report.Tell(
+        settings.json,
+        fmt::format("does the peer know host and port of {}, and does something listen there?", settings.destination),
+        fmt::format("does its entry for {} name this host and port?", settings.destination));
 }
 
 /// Checks what belongs together. @return what is wrong; empty: nothing

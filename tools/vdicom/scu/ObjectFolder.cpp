@@ -18,16 +18,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr VDicomULong kAffectedClass = 0x00000002, kCommandField = 0x00000100, kAffectedInstance = 0x00001000,
-                      kSopInstance = 0x00080018;
-constexpr unsigned short kStoreRequest = 0x0001;
+constexpr VDicomULong kAffectedClass = 0x00000002, kCommandField = 0x00000100, kMessageID = 0x00000110,
+                      kAffectedInstance = 0x00001000, kSopInstance = 0x00080018;
+constexpr unsigned short kStoreRequest = 0x0001, kShort = 1, kText = 5; // the last two: value types of FindGetValue
+constexpr std::uint64_t kMostNamed = 20;
 constexpr std::size_t kLongestName = 256;
 // PS3.4 B.2.3: out of resources, another object than announced; PS3.7 C.5.12: no SOP Instance UID.
 constexpr unsigned short kOutOfResources = 0xA700, kMismatch = 0xA900, kInvalidInstance = 0x0117;
 
 std::string TextOf(VDicomDS& ds, VDicomULong tag) {
     char text[65] = "";
-    ds.FindGetValue(nullptr, tag, 5, text, sizeof text);
+    ds.FindGetValue(nullptr, tag, kText, text, sizeof text);
     VDicomDS::DelSpaces(text);
     return text;
 }
@@ -77,7 +78,7 @@ std::string FileMeta(const std::string& classUid, const std::string& instanceUid
 
 bool IsStoreRequest(VDicomDS& command) {
     unsigned short field = 0;
-    command.FindGetValue(nullptr, kCommandField, 1, &field, sizeof field);
+    command.FindGetValue(nullptr, kCommandField, kShort, &field, sizeof field);
     return field == kStoreRequest;
 }
 
@@ -102,41 +103,45 @@ std::string ObjectFolder::PathOf(const std::string& name) const {
 
 std::string ObjectFolder::NewPart() { return PathOf(fmt::format(".vdicom-{}-{}.part", m_tag, ++m_parts)); }
 
-VDicomFile* IncomingObject::Begin(VDicomDS& command, const char* syntaxUid, const std::string& sourceTitle) {
+VDicomFile* IncomingObject::Begin(unsigned char context, VDicomDS& command, const char* syntaxUid,
+                                  const std::string& sourceTitle) {
     Drop();
     m_refusal = 0;
-    m_instanceUid = TextOf(command, kAffectedInstance);
-    const std::string classUid = TextOf(command, kAffectedClass);
+    m_isArriving = true;
+    m_request = {context, 0, TextOf(command, kAffectedClass), TextOf(command, kAffectedInstance)};
+    command.FindGetValue(nullptr, kMessageID, kShort, &m_request.messageID, sizeof m_request.messageID);
     // What a peer calls an object becomes a file name: nothing but digits and dots may.
-    if (!IsUid(m_instanceUid) || !IsUid(classUid)) {
-        m_refusal = Refuse(kInvalidInstance, "an object was not taken: its SOP Instance UID is no UID");
+    if (!IsUid(m_request.instanceUid) || !IsUid(m_request.classUid)) {
+        m_refusal = Refuse(kInvalidInstance, "not taken: its SOP Instance UID or its class is no UID");
         return nullptr;
     }
     const std::string path = m_folder.NewPart();
     if (!m_file.Open(path.c_str(), DICOM_FILE_CREATE | DICOM_FILE_READ | DICOM_FILE_WRITE)) {
-        m_refusal = Refuse(kOutOfResources, fmt::format("{}: {}", path, SystemText(m_file.GetError())));
+        m_refusal = RefuseUnwritten(SystemText(m_file.GetError()));
         return nullptr;
     }
     m_part = path;
-    const std::string meta = FileMeta(classUid, m_instanceUid, syntaxUid ? syntaxUid : "", sourceTitle);
+    const std::string meta =
+        FileMeta(m_request.classUid, m_request.instanceUid, syntaxUid ? syntaxUid : "", sourceTitle);
     if (m_file.Write(meta.data(), static_cast<VDicomULong>(meta.size())))
         return &m_file;
-    m_refusal = Refuse(kOutOfResources, fmt::format("{}: {}", path, SystemText(m_file.GetError())));
-    Drop();
+    m_refusal = RefuseUnwritten(SystemText(m_file.GetError()));
+    RemovePart();
     return nullptr;
 }
 
 unsigned short IncomingObject::Finish(VDicomDS* data) {
+    m_isArriving = false;
     const unsigned short refusal = std::exchange(m_refusal, 0);
     if (refusal != 0)
         return refusal;
     if (m_part.empty())
-        return Refuse(kMismatch, "a message without an object was not taken");
+        return Refuse(kMismatch, "not taken: a message without an object");
     const std::string uid = data ? TextOf(*data, kSopInstance) : std::string();
-    if (!uid.empty() && m_instanceUid != uid) {
+    if (!uid.empty() && m_request.instanceUid != uid) {
         Drop();
-        return Refuse(kMismatch,
-                      fmt::format("an object was not taken: it was announced as {}, and is {}", m_instanceUid, uid));
+        return Refuse(kMismatch, fmt::format("an object was not taken: it was announced as {}, and is {}",
+                                             m_request.instanceUid, uid));
     }
     return Keep();
 }
@@ -144,7 +149,7 @@ unsigned short IncomingObject::Finish(VDicomDS* data) {
 // Gives the file its name.
 unsigned short IncomingObject::Keep() {
     char name[kLongestName] = "";
-    VDicomFile::MakeFileName(m_instanceUid.c_str(), DICOM_UNDEFINED, name, sizeof name);
+    VDicomFile::MakeFileName(m_request.instanceUid.c_str(), DICOM_UNDEFINED, name, sizeof name);
     const std::string path = m_folder.PathOf(std::string(name) + ".dcm");
     std::error_code error;
     if (!m_folder.m_overwrite && fs::exists(fs::u8path(path), error)) {
@@ -155,14 +160,13 @@ unsigned short IncomingObject::Keep() {
     }
     const VDicomUInt64 size = m_file.GetSize64();
     if (!m_file.Close()) {
-        const unsigned short status =
-            Refuse(kOutOfResources, fmt::format("{}: {}", path, SystemText(m_file.GetError())));
+        const unsigned short status = RefuseUnwritten(SystemText(m_file.GetError()));
         Drop();
         return status;
     }
     fs::rename(fs::u8path(m_part), fs::u8path(path), error);
     if (error) {
-        const unsigned short status = Refuse(kOutOfResources, fmt::format("{}: {}", path, error.message()));
+        const unsigned short status = RefuseUnwritten(error.message());
         Drop();
         return status;
     }
@@ -173,6 +177,11 @@ unsigned short IncomingObject::Keep() {
 }
 
 void IncomingObject::Drop() {
+    m_isArriving = false;
+    RemovePart();
+}
+
+void IncomingObject::RemovePart() {
     if (m_part.empty())
         return;
     m_file.Close(1);
@@ -181,15 +190,31 @@ void IncomingObject::Drop() {
     m_part.clear();
 }
 
-unsigned short IncomingObject::GiveUp(const std::string& reason) {
+unsigned short IncomingObject::GiveUp(int code, Request& request) {
+    if (!m_isArriving || (code != DICOM_ERROR_WRITE && code != DICOM_ERROR_OPEN))
+        return 0;
+    request = m_request;
+    const int error = m_part.empty() ? 0 : m_file.GetError();
     Drop();
-    m_refusal = 0;
-    return Refuse(kOutOfResources, fmt::format("{}: {}", m_instanceUid, reason));
+    if (const unsigned short refusal = std::exchange(m_refusal, 0); refusal != 0)
+        return refusal;
+    return RefuseUnwritten(error != 0 ? SystemText(error) : "is the disk full?");
 }
 
-unsigned short IncomingObject::Refuse(unsigned short status, const std::string& sentence) {
-    ++m_folder.m_failed;
-    Say(sentence);
+// One object less, and the next may find room.
+unsigned short IncomingObject::RefuseUnwritten(const std::string& reason) {
+    ++m_folder.m_unwritten;
+    m_folder.m_reason = reason;
+    return Refuse(kOutOfResources, "not written: " + reason);
+}
+
+unsigned short IncomingObject::Refuse(unsigned short status, const std::string& text) {
+    std::vector<Refusal>& refusals = m_folder.m_refusals;
+    refusals.push_back({IsUid(m_request.instanceUid) ? m_request.instanceUid : std::string(), status, text});
+    if (refusals.size() == kMostNamed + 1)
+        SayPlain("  and more; --json names all of them");
+    else if (refusals.size() <= kMostNamed)
+        Say(refusals.back().instanceUid.empty() ? "an object" : refusals.back().instanceUid, text);
     return status;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace program {
 
@@ -15,6 +16,13 @@ std::string FileMeta(const std::string& classUid, const std::string& instanceUid
 
 /// Whether a command is the C-STORE request that announces an object.
 bool IsStoreRequest(VDicomDS& command);
+
+/// An object that was answered with another status than success.
+struct Refusal {
+    std::string instanceUid; ///< empty: it has none that could be told
+    unsigned short status = 0;
+    std::string text;
+};
 
 /// The folder, and what has come into it. Files are named by their SOP Instance UID.
 class ObjectFolder {
@@ -26,8 +34,13 @@ public:
 
     std::uint64_t CountWritten() const { return m_written; }
     std::uint64_t CountKept() const { return m_kept; }
-    std::uint64_t CountFailed() const { return m_failed; }
+    std::uint64_t CountFailed() const { return m_refusals.size(); }
     std::uint64_t CountBytes() const { return m_bytes; }
+    /// Those of the failed ones that could not be written, and why the last one could not.
+    std::uint64_t CountUnwritten() const { return m_unwritten; }
+    const std::string& UnwrittenReason() const { return m_reason; }
+    const std::vector<Refusal>& Refusals() const { return m_refusals; }
+    const std::string& Path() const { return m_path; }
 
 private:
     friend class IncomingObject;
@@ -41,8 +54,10 @@ private:
     std::uint64_t m_parts = 0;
     std::uint64_t m_written = 0;
     std::uint64_t m_kept = 0;
-    std::uint64_t m_failed = 0;
     std::uint64_t m_bytes = 0;
+    std::uint64_t m_unwritten = 0;
+    std::string m_reason;
+    std::vector<Refusal> m_refusals;
 };
 
 /// One object that a connection receives: bytes go into an unfinished file as they arrive, which takes its name when it
@@ -55,23 +70,35 @@ public:
     IncomingObject& operator=(const IncomingObject&) = delete;
 
     /// Where the data set goes that a C-STORE request has announced; null: there is no such file, and Finish tells the
-    /// status. @param syntaxUid transfer syntax of its context; may be null
-    VDicomFile* Begin(VDicomDS& command, const char* syntaxUid, const std::string& sourceTitle);
+    /// status. @param context its presentation context @param syntaxUid transfer syntax of it; may be null
+    VDicomFile* Begin(unsigned char context, VDicomDS& command, const char* syntaxUid, const std::string& sourceTitle);
     /// The object is here. @param data null: the message had none @return the status for the response
     unsigned short Finish(VDicomDS* data);
     /// It will not come; nothing is left.
     void Drop();
-    /// It cannot be written; nothing is left. @return the status for the response
-    unsigned short GiveUp(const std::string& reason);
+
+    /// The request that announced an object.
+    struct Request {
+        unsigned char context = 0;
+        unsigned short messageID = 0;
+        std::string classUid, instanceUid;
+    };
+    /// What came after Begin cannot be kept; nothing is left of it. @param code of VDicomNet::OnReceive
+    /// @param request receives what is to be answered @return the status for the response; 0: the code says something
+    /// else, or there is no object on its way
+    unsigned short GiveUp(int code, Request& request);
 
 private:
-    unsigned short Refuse(unsigned short status, const std::string& sentence);
+    unsigned short Refuse(unsigned short status, const std::string& text);
+    unsigned short RefuseUnwritten(const std::string& reason);
     unsigned short Keep();
+    void RemovePart();
 
     ObjectFolder& m_folder;
     VDicomFile m_file;
     std::string m_part;
-    std::string m_instanceUid;
+    Request m_request;
+    bool m_isArriving = false;
     unsigned short m_refusal = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "EditValue.h"
 #include "ElementEditor.h"
+#include "TextReader.h"
 #include "Vr.h"
 
 #include <fmt/format.h>
@@ -13,8 +14,7 @@ namespace program {
 
 namespace {
 
-constexpr VDicomULong kQueryLevel = 0x00080052, kPatientId = 0x00100020, kStudyUid = 0x0020000D,
-                      kSeriesUid = 0x0020000E, kInstanceUid = 0x00080018;
+constexpr VDicomULong kQueryLevel = 0x00080052;
 
 struct Level {
     QueryLevel level;
@@ -95,10 +95,11 @@ std::string SetKey(VDicomDS& ds, const QueryKey& key) {
                                                  : "the character set cannot express the value; is it UTF-8?";
 }
 
+bool IsOf(const QueryKey& key, VDicomULong tag) { return key.path.steps.size() == 1 && key.path.steps[0].tag == tag; }
+
 bool HasKey(const std::vector<QueryKey>& keys, VDicomULong tag, bool withValue) {
-    return std::any_of(keys.begin(), keys.end(), [=](const QueryKey& key) {
-        return key.path.steps.size() == 1 && key.path.steps[0].tag == tag && (!withValue || !key.value.empty());
-    });
+    return std::any_of(keys.begin(), keys.end(),
+                       [=](const QueryKey& key) { return IsOf(key, tag) && (!withValue || !key.value.empty()); });
 }
 
 /// The deepest level whose unique key has a value.
@@ -159,6 +160,21 @@ const char* Query::ClassFor(Service service) const {
     }
 }
 
+std::string Query::ValueOf(VDicomULong tag) const {
+    for (const QueryKey& key : keys) {
+        if (IsOf(key, tag))
+            return key.value;
+    }
+    return {};
+}
+
+void Query::Add(const char* keyword, const std::string& value) {
+    QueryKey key;
+    ParseTagPath(keyword, key.path);
+    key.value = value;
+    keys.push_back(std::move(key));
+}
+
 std::string Query::Build(VDicomDS& identifier) const {
     const Level& row = RowOf(level);
     const bool isAscii = std::all_of(keys.begin(), keys.end(), [](const QueryKey& key) { return IsAscii(key.value); });
@@ -182,6 +198,22 @@ std::string Query::Build(VDicomDS& identifier) const {
             return fmt::format("-k {}: {}", key.path.text, wrong);
     }
     return {};
+}
+
+std::vector<std::string> ReadUids(VDicomDS& ds, VDicomULong tag) {
+    std::vector<std::string> uids;
+    DICOMELEMENT* e = ds.FindFirstElement(nullptr, tag, 1);
+    if (!e)
+        return uids;
+    TextReader reader(ds);
+    std::string_view text = reader.Text(e, e->nLength).text;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\\'), text.size());
+        if (end > 0)
+            uids.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return uids;
 }
 
 QueryOptions::QueryOptions(Options& options, Service service) : m_service(service) {

@@ -13,6 +13,10 @@
 
 namespace program {
 
+/// Unique keys of the levels (PS3.4 C.6).
+constexpr VDicomULong kPatientId = 0x00100020, kStudyUid = 0x0020000D, kSeriesUid = 0x0020000E,
+                      kInstanceUid = 0x00080018;
+
 enum class QueryLevel { patient, study, series, image, worklist };
 
 /// A key of an identifier: return this attribute, and where there is a value, match it.
@@ -29,6 +33,10 @@ struct Query {
 
     /// The SOP class of a service over the model.
     const char* ClassFor(Service service) const;
+    /// The value of an attribute that is a key by itself; empty: there is none.
+    std::string ValueOf(VDicomULong tag) const;
+    /// Adds a key. @param keyword of an attribute
+    void Add(const char* keyword, const std::string& value = {});
     /// Fills an empty data set. @return what is wrong; empty: it is filled
     std::string Build(VDicomDS& identifier) const;
 };
@@ -49,6 +57,9 @@ private:
     std::string m_model;
     bool m_onlyKeys = false;
 };
+
+/// The UIDs of an element of a response.
+std::vector<std::string> ReadUids(VDicomDS& ds, VDicomULong tag);
 
 /// Reads KEY[=VALUE]; a sequence without an item number means its first item.
 /// @return what is wrong with it; empty: nothing

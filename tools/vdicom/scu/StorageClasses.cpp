@@ -79,24 +79,62 @@ std::vector<std::string> StorageClasses() {
     return all;
 }
 
+void AddNeeds(StorageNeeds& sum, const StorageNeeds& more) {
+    for (const auto& [classUid, syntaxes] : more) {
+        const auto [at, isNew] = sum.try_emplace(classUid, syntaxes);
+        if (syntaxes.empty())
+            at->second.clear();
+        else if (!isNew && !at->second.empty())
+            at->second.insert(syntaxes.begin(), syntaxes.end());
+    }
+}
+
+std::vector<StorageOffer> OffersApart(const StorageNeeds& needs, std::size_t most) {
+    const std::vector<std::string> compressed = CompressedSyntaxes();
+    // Uncompressed ones share a context where the room demands it: no pixel is lost between them.
+    for (const bool isEachAlone : {true, false}) {
+        std::vector<StorageOffer> offers;
+        for (const auto& [classUid, syntaxes] : needs) {
+            std::vector<std::string> others;
+            for (const std::string_view syntax : kUncompressed) {
+                const std::string uid(syntax);
+                if (syntaxes.empty() && isEachAlone)
+                    offers.push_back({classUid, {uid}});
+                else if (syntaxes.count(uid) == 0)
+                    others.push_back(uid);
+            }
+            for (const std::string& syntax : syntaxes)
+                offers.push_back({classUid, {syntax}});
+            if (!others.empty())
+                offers.push_back({classUid, others});
+            for (const std::string& syntax : syntaxes.empty() ? compressed : std::vector<std::string>())
+                offers.push_back({classUid, {syntax}});
+        }
+        if (offers.size() <= most)
+            return offers;
+    }
+    return {};
+}
+
 std::vector<StorageOffer> OffersFor(const std::vector<std::string>& classes, std::size_t most, std::size_t& left) {
+    StorageNeeds needs;
+    for (const std::string& classUid : classes)
+        needs[classUid];
+    left = 0;
+    std::vector<StorageOffer> offers = OffersApart(needs, most);
+    if (!offers.empty())
+        return offers;
+
     const std::vector<std::string> uncompressed(std::begin(kUncompressed), std::end(kUncompressed));
     const std::vector<std::string> compressed = CompressedSyntaxes();
     std::vector<std::string> all = uncompressed;
     all.insert(all.end(), compressed.begin(), compressed.end());
-
-    const bool isEachAlone = classes.size() * (compressed.size() + 1) <= most;
     const bool areApart = classes.size() * 2 <= most;
     const std::size_t offered = std::min(classes.size(), most);
-    std::vector<StorageOffer> offers;
     for (std::size_t i = 0; i < offered; ++i) {
         offers.push_back({classes[i], areApart ? uncompressed : all});
-        if (isEachAlone) {
-            for (const std::string& syntax : compressed)
-                offers.push_back({classes[i], {syntax}});
-        } else if (areApart) {
+        if (areApart)
             offers.push_back({classes[i], compressed});
-        }
     }
     left = classes.size() - offered;
     return offers;

@@ -21,9 +21,9 @@ constexpr auto kLastWait = std::chrono::seconds(3);
 
 StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
     : VDicomNet(nullptr, DICOM_SECURE_NONE), m_receiver(receiver), m_incoming(receiver.Folder()) {
+    // No end of its own for an idle association: archives take their time between objects, and the move has one.
     SetTimeout(DICOM_TIMEOUT_REQUEST, kRequestTimeout);
     SetTimeout(DICOM_TIMEOUT_PDU, receiver.Settings().timeout);
-    SetTimeout(DICOM_TIMEOUT_IDLE, receiver.Settings().timeout);
     SetTimeout(DICOM_TIMEOUT_CLOSE, kCloseTimeout);
     SetSocketBuffers(0, 0);
     SetLargestDataSet(kLargestIdentifier);
@@ -31,8 +31,15 @@ StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
 }
 
 void StoreReceiverConnection::OnReceive(int nError, unsigned char, char*, VDicomULong) {
+    m_receiver.NoteActivity();
     if (nError == 0)
         return;
+    IncomingObject::Request request;
+    if (const unsigned short status = m_incoming.GiveUp(nError, request); status != 0) {
+        SendCStoreResponse(request.context, request.messageID, request.classUid.c_str(), request.instanceUid.c_str(),
+                           status);
+        return;
+    }
     m_incoming.Drop();
     if (nError != DICOM_ERROR_TIMEOUT) {
         const std::string own = KeepFailure(nError);
@@ -66,7 +73,7 @@ VDicomFile* StoreReceiverConnection::OnReceiveTarget(unsigned char id, VDicomDS*
     SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
     if (!isStore)
         return nullptr;
-    return m_incoming.Begin(*command, GetAssociate()->GetTransfer(id, 0), GetRequestAssociate()->GetCalling());
+    return m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), GetRequestAssociate()->GetCalling());
 }
 
 void StoreReceiverConnection::OnReceiveCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,

@@ -8,6 +8,7 @@
 #include "VDicomAssociatePolicy.h"
 #include "VDicomNet.h"
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -50,6 +51,10 @@ public:
     void OnAccept(int nError) override;
     void OnClose(int nError, VDicomNet* connection) override;
 
+    /// When something arrived last.
+    std::chrono::steady_clock::time_point LastActivity() const { return m_lastActivity; }
+    void NoteActivity() { m_lastActivity = std::chrono::steady_clock::now(); }
+
     const Peer& Settings() const { return m_peer; }
     const VDicomAssociatePolicy& Policy() const { return m_policy; }
     ObjectFolder& Folder() { return m_folder; }
@@ -60,6 +65,7 @@ private:
     Peer m_peer;
     ObjectFolder& m_folder;
     VDicomAssociatePolicy m_policy;
+    std::chrono::steady_clock::time_point m_lastActivity;
     std::vector<std::unique_ptr<StoreReceiverConnection>> m_connections;
 };
 
