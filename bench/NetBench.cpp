@@ -5,10 +5,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,6 +21,7 @@ namespace {
 
 constexpr const char* kVerification = "1.2.840.10008.1.1";
 constexpr const char* kCT = "1.2.840.10008.5.1.4.1.1.2";
+constexpr const char* kStudyRootFind = "1.2.840.10008.5.1.4.1.2.2.1";
 
 class Acceptor : public VDicomNet {
 public:
@@ -112,6 +117,8 @@ public:
         request.AddTransfer(1, "1.2.840.10008.1.2");
         request.AddPresentation(3, 0, kCT);
         request.AddTransfer(3, "1.2.840.10008.1.2.1");
+        request.AddPresentation(5, 0, kStudyRootFind);
+        request.AddTransfer(5, "1.2.840.10008.1.2.1");
         SendAssociateRequest(&request);
     }
     void OnReceiveCEchoResponse(unsigned char, unsigned short, const char*, unsigned short) override { ++answers; }
@@ -193,6 +200,12 @@ void Store(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * state.range(0));
 }
 
+/// Port of the `vdicom serve` that some of these talk to (bench/net_peers.py starts it); 0: there is none.
+unsigned int OtherPort() {
+    const char* port = std::getenv("VDICOM_BENCH_PORT");
+    return port == nullptr ? 0 : static_cast<unsigned int>(std::atoi(port));
+}
+
 /// An object in a file, sent from there, received into a file.
 void StoreInPlace(benchmark::State& state) {
     const Started started;
@@ -232,29 +245,132 @@ void Associations(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
-/// Each of many open associations stores an object of 10 KB; memory is that of both ends.
+/// 10,000 associations with the other server, and the rates of the first and the last thousand.
+void AssociationsInTurn(benchmark::State& state) {
+    if (OtherPort() == 0)
+        return state.SkipWithError("no server at VDICOM_BENCH_PORT");
+    using Clock = std::chrono::steady_clock;
+    const Started started;
+    std::vector<Clock::time_point> ends;
+    for ([[maybe_unused]] auto _ : state) {
+        Requestor client;
+        client.Open(OtherPort());
+        client.SendReleaseRequest();
+        client.WaitFor(1);
+        ends.push_back(Clock::now());
+    }
+    const auto rate = [&](std::size_t from, std::size_t to) {
+        return static_cast<double>(to - from) / std::chrono::duration<double>(ends[to] - ends[from]).count();
+    };
+    state.counters["first_thousand"] = rate(0, 1000);
+    state.counters["last_thousand"] = rate(ends.size() - 1001, ends.size() - 1);
+    state.SetItemsProcessed(state.iterations());
+}
+
+class Inquirer : public Requestor {
+public:
+    void OnReceiveCFindResponse(unsigned char, unsigned short, const char*, unsigned short status, VDicomDS*) override {
+        ++responses;
+        ++answers;
+        isOver = (status & 0xFF00) != 0xFF00;
+    }
+    VDicomUInt64 responses = 0;
+    bool isOver = true;
+};
+
+/// From a C-FIND request on an open association to its first response; the index of the other server has the study
+/// VDICOM_BENCH_STUDY with a series of 2,000 images.
+void FirstMatch(benchmark::State& state) {
+    const char* study = std::getenv("VDICOM_BENCH_STUDY");
+    if (OtherPort() == 0 || study == nullptr)
+        return state.SkipWithError("no server at VDICOM_BENCH_PORT with VDICOM_BENCH_STUDY");
+    const Started started;
+    Inquirer client;
+    client.Open(OtherPort());
+    VDicomDS identifier;
+    for (const auto& [tag, text] : {std::pair{0x00080018u, std::string()},
+                                    {0x00080052u, std::string("IMAGE")},
+                                    {0x0020000Du, std::string(study)},
+                                    {0x0020000Eu, std::string(study) + ".1"}})
+        identifier.FindSetValue(nullptr, tag, 0, text.c_str(), 1);
+    for ([[maybe_unused]] auto _ : state) {
+        client.responses = 0;
+        client.isOver = false;
+        client.SendCFindRequest(5, 1, kStudyRootFind, 0, &identifier);
+        while (client.responses == 0)
+            VDicomMessageLoop::RunOnce(1000);
+        state.PauseTiming();
+        while (!client.isOver)
+            VDicomMessageLoop::RunOnce(1000);
+        if (client.responses != 2001)
+            return state.SkipWithError("not 2,000 matches");
+        state.ResumeTiming();
+    }
+}
+
+/// Sends an object of 10 KB again and again, each with a UID of its own.
+class Storer : public Requestor {
+public:
+    explicit Storer(int number) : m_series("1.2.840.999001.8." + std::to_string(number)) {
+        SetPixels(m_image, 10000);
+        for (const auto& [tag, text] :
+             {std::pair{0x00100020u, std::string("P")}, {0x0020000Du, m_series}, {0x0020000Eu, m_series + ".1"}})
+            m_image.FindSetValue(nullptr, tag, 0, text.c_str(), 1);
+    }
+    void Send() {
+        const std::string uid = m_series + ".1." + std::to_string(++m_number);
+        m_image.FindSetValue(nullptr, 0x00080018, 0, uid.c_str(), 1);
+        SendCStoreRequest(3, 1, kCT, uid.c_str(), 0, nullptr, 0, &m_image);
+    }
+    void OnReceiveCStoreResponse(unsigned char, unsigned short, const char*, const char*,
+                                 unsigned short status) override {
+        refused += status == 0 ? 0 : 1;
+        ++answers;
+        ++s_answers;
+        if (s_answers < s_wanted)
+            Send();
+    }
+    VDicomUInt64 refused = 0;
+    static inline VDicomUInt64 s_answers = 0, s_wanted = 0;
+
+private:
+    VDicomDS m_image;
+    std::string m_series;
+    VDicomUInt64 m_number = 0;
+};
+
+/// Many associations, open at once on one thread, each with an object under way all the time: 100,000 in all. The
+/// server is on the same thread, and memory that of both ends; or it is the other one.
 void ManyStore(benchmark::State& state) {
     const Started started;
     const double before = Resident();
     const Server server;
-    std::vector<std::unique_ptr<Requestor>> clients;
-    VDicomDS image;
-    SetPixels(image, 10000);
+    const unsigned int port = OtherPort() == 0 ? server.port : OtherPort();
+    std::vector<std::unique_ptr<Storer>> clients;
     for (int i = 0; i < state.range(0); ++i) {
-        clients.push_back(std::make_unique<Requestor>());
-        clients.back()->Open(server.port);
+        clients.push_back(std::make_unique<Storer>(i));
+        clients.back()->Open(port);
     }
     state.counters["KiB_open"] = (Resident() - before) / static_cast<double>(state.range(0));
-    VDicomUInt64 round = 0;
+    constexpr VDicomUInt64 kObjects = 100'000;
     for ([[maybe_unused]] auto _ : state) {
-        ++round;
+        Storer::s_answers = 0;
+        Storer::s_wanted = kObjects;
         for (const auto& client : clients)
-            client->SendCStoreRequest(3, 1, kCT, "1.2.3", 0, nullptr, 0, &image);
-        for (const auto& client : clients)
-            client->WaitFor(round);
+            client->Send();
+        // Those that are still under way at the end are answered too.
+        while (Storer::s_answers < kObjects + clients.size() - 1)
+            VDicomMessageLoop::RunOnce(1000);
     }
+    const auto [least, most] = std::minmax_element(
+        clients.begin(), clients.end(), [](const auto& a, const auto& b) { return a->answers < b->answers; });
+    state.counters["least"] = static_cast<double>((*least)->answers);
+    state.counters["most"] = static_cast<double>((*most)->answers);
+    state.counters["refused"] = static_cast<double>(
+        std::accumulate(clients.begin(), clients.end(), VDicomUInt64{0},
+                        [](VDicomUInt64 sum, const auto& client) { return sum + client->refused; }));
     state.counters["KiB_stored"] = (Resident() - before) / static_cast<double>(state.range(0));
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kObjects));
 }
 
 BENCHMARK(Echo)->UseRealTime();
@@ -262,6 +378,8 @@ BENCHMARK(EchoOnOneThread)->UseRealTime();
 BENCHMARK(Store)->Arg(10000)->Arg(526 * 1024)->UseRealTime();
 BENCHMARK(StoreInPlace)->Arg(1 << 30)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Associations)->UseRealTime();
-BENCHMARK(ManyStore)->Arg(1000)->Iterations(10)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(AssociationsInTurn)->Iterations(10000)->UseRealTime();
+BENCHMARK(FirstMatch)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(ManyStore)->Arg(1000)->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace

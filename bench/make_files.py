@@ -237,7 +237,7 @@ def write_sparse(path):
 
 
 def main():
-    if len(sys.argv) != 2:
+    if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
         print(__doc__)
         return 2
     folder = sys.argv[1]

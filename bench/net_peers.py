@@ -6,6 +6,7 @@ What is stored is deleted at the very end: ext4 makes files several times slower
 With TMPDIR=/dev/shm the disk is left out."""
 import argparse
 import glob
+import json
 import os
 import re
 import resource
@@ -63,6 +64,9 @@ class Running:
         with open(f"/proc/{self.process.pid}/status", encoding="ascii") as status:
             return int(re.search(r"VmHWM:\s+(\d+)", status.read())[1]) / 1024
 
+    def descriptors(self):
+        return len(os.listdir(f"/proc/{self.process.pid}/fd"))
+
     def __enter__(self):
         return self
 
@@ -89,6 +93,17 @@ def client(command, nodelay, port):
     if status != 0:
         raise SystemExit(f"failed: {command[:6]}")
     return time.perf_counter() - started, usage.ru_maxrss / 1024
+
+
+def benchmark(programs, name, port, more=None):
+    """Runs one of bench_NetBench's against a server. @return its counters"""
+    program = os.path.join(os.path.dirname(programs.vdicom), "bench_NetBench")
+    done = subprocess.run([program, f"--benchmark_filter=^{name}/", "--benchmark_format=json"], check=True,
+                          env=dict(os.environ, VDICOM_BENCH_PORT=str(port), **(more or {})), capture_output=True)
+    result = json.loads(done.stdout)["benchmarks"][0]
+    if result.get("error_occurred"):
+        raise SystemExit(result["error_message"])
+    return result
 
 
 class Programs:
@@ -205,6 +220,25 @@ def large_row(programs, source, runs):
     shutil.rmtree(folder)
 
 
+def many_rows(programs):
+    """Associations with serve: a thousand at a time, ten thousand one after the other."""
+    with Running(programs.servers["serve"], True, tempfile.mkdtemp(dir=programs.work)) as running:
+        before = running.peak()
+        result = benchmark(programs, "ManyStore", running.port)
+        print("\n1,000 associations open at once on one thread, each storing into serve: 100,000 objects of 10 KB\n"
+              f"  {result['items_per_second']:,.0f} objects/s; an association stored {result['least']:.0f} to "
+              f"{result['most']:.0f}; {result['refused']:.0f} refused; serve's memory grew by "
+              f"{(running.peak() - before) * 1.024:.0f} KB for each")
+    with Running(programs.servers["serve"], True, tempfile.mkdtemp(dir=programs.work)) as running:
+        client(programs.echo(True, 1), True, running.port)
+        before, opened = running.peak(), running.descriptors()
+        result = benchmark(programs, "AssociationsInTurn", running.port)
+        print("\n10,000 associations with serve, one after the other\n"
+              f"  {result['items_per_second']:,.0f}/s; the first thousand {result['first_thousand']:,.0f}/s, the last "
+              f"{result['last_thousand']:,.0f}/s; serve: {before:.1f} MB and {opened} descriptors before, "
+              f"{running.peak():.1f} MB and {running.descriptors()} after")
+
+
 def fill_index(path, instances):
     """Puts patients, studies, series of 2,000 and instances without files into an index that serve has made."""
     database = sqlite3.connect(path)
@@ -251,6 +285,8 @@ def find_row(programs, instances, runs):
             seconds = statistics.median(client(command, True, running.port)[0] for _ in range(runs))
             rate = f"   {count / seconds:10,.0f} responses/s" if count else ""
             print(f"  {name:44} {seconds * 1000:10.1f} ms, the client's start among it{rate}")
+        first = benchmark(programs, "FirstMatch", running.port, {"VDICOM_BENCH_STUDY": uid})
+        print(f"  first match on an open association {first['real_time'] / 1000:20.2f} ms")
     shutil.rmtree(folder)
 
 
@@ -260,9 +296,9 @@ def main():
     parser.add_argument("--files", required=True, help="folder of bench/make_files.py")
     parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--instances", type=int, default=1_000_000, help="in the index that is searched")
-    parser.add_argument("rows", nargs="*", help="echo, small, medium, large, find; all unless given")
+    parser.add_argument("rows", nargs="*", help="echo, small, medium, large, many, find; all unless given")
     arguments = parser.parse_args()
-    wanted = arguments.rows or ["echo", "small", "medium", "large", "find"]
+    wanted = arguments.rows or ["echo", "small", "medium", "large", "many", "find"]
     soft, hard = resource.getrlimit(resource.RLIMIT_NOFILE)
     resource.setrlimit(resource.RLIMIT_NOFILE, (hard, hard))
     with tempfile.TemporaryDirectory(prefix="vdicom-net-") as work:
@@ -289,6 +325,8 @@ def main():
                           arguments.runs)
             elif row == "large":
                 large_row(programs, os.path.join(files, "store-large.dcm"), arguments.runs)
+            elif row == "many":
+                many_rows(programs)
             elif row == "find":
                 find_row(programs, arguments.instances, arguments.runs)
             else:

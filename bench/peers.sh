@@ -16,6 +16,6 @@ for argument in "$@"; do
     esac
 done
 cmake --preset release >/dev/null
-cmake --build --preset release --target vdicom_program >/dev/null
+cmake --build --preset release --target vdicom_program bench_NetBench >/dev/null
 python3 bench/make_files.py build/bench-files
 exec python3 "$compare" --program build/release/bin/vdicom --files build/bench-files "$@"
