@@ -81,6 +81,7 @@ int ResolveAddress(const char*, unsigned int, bool, std::vector<SocketAddress>& 
     addresses.assign(2, SocketAddress{});
     return 0;
 }
+std::uint64_t RaiseDescriptorLimit() { return 0; }
 void DescribeAddress(const SocketAddress&, std::string& text, unsigned int& port) {
     text = "::1";
     port = 104;

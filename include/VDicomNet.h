@@ -218,6 +218,15 @@ public:
     /// The result code for an error of the socket library: a number of Windows Sockets, or the platform's own.
     /// @return DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET for one that has no code
     static unsigned int GetError(VDicomULong socketError);
+    /// The addresses of a host, in the order in which Connect tries them. It waits for the name server, as Connect does
+    /// for a name; any thread may call it, so that another one can do the waiting.
+    /// @param addresses receives texts with a blank between, as many as fit, and a zero
+    /// @return 0; DICOM_ERROR_PARAMETER (null, or `size` is less than DICOM_ADDRESS_SIZE); DICOM_ERROR_SOCKET_... ;
+    /// DICOM_ERROR_MEMORY
+    static unsigned int FindAddresses(const char* host, char* addresses, VDicomULong size);
+    /// Lets the process have as many connections and open files as the system grants without further rights.
+    /// @return how many descriptors it may have now; 0: there is no such limit, or it cannot be told
+    static VDicomULong RaiseDescriptorLimit();
     /// @}
 
     /// Makes an object and calls Initialize.

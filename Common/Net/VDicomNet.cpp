@@ -5,7 +5,9 @@
 #include "MessageSyntax.h"
 #include "Network.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <new>
 #include <utility>
 
@@ -21,6 +23,33 @@ const char* const kPlatformFolder = nullptr;
 unsigned int VDicomNet::StartUp() { return vdicom::StartNetwork(); }
 
 unsigned int VDicomNet::ShutDown() { return vdicom::StopNetwork(); }
+
+unsigned int VDicomNet::FindAddresses(const char* host, char* addresses, VDicomULong size) {
+    if (host == nullptr || addresses == nullptr || size < DICOM_ADDRESS_SIZE)
+        return DICOM_ERROR_PARAMETER;
+    if (!vdicom::IsNetworkStarted())
+        return DICOM_ERROR_SOCKET_NOT_STARTED;
+    return vdicom::Guarded<unsigned int>(DICOM_ERROR_MEMORY, [&]() -> unsigned int {
+        std::vector<vdicom::platform::SocketAddress> found;
+        if (const int error = vdicom::platform::ResolveAddress(host, 0, false, found); error != 0)
+            return GetError(static_cast<VDicomULong>(error));
+        std::string texts;
+        for (const vdicom::platform::SocketAddress& address : found) {
+            std::string text;
+            unsigned int port = 0;
+            vdicom::platform::DescribeAddress(address, text, port);
+            if (texts.size() + text.size() + 2 <= size)
+                texts += (texts.empty() ? "" : " ") + text;
+        }
+        std::memcpy(addresses, texts.c_str(), texts.size() + 1);
+        return DICOM_OK;
+    });
+}
+
+VDicomULong VDicomNet::RaiseDescriptorLimit() {
+    const std::uint64_t limit = vdicom::platform::RaiseDescriptorLimit();
+    return static_cast<VDicomULong>(std::min<std::uint64_t>(limit, 0xFFFFFFFFu));
+}
 
 VDicomNet::VDicomNet(const char* path, VDicomLong mode) : VDicomNet(path, mode, 0) { Initialize(path, mode); }
 

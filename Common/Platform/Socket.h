@@ -8,6 +8,7 @@
 
 #include "MessageLoop.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,9 @@ int SocketErrorOf(int platformError);
 int ResolveAddress(const char* host, unsigned int port, bool listening, std::vector<SocketAddress>& addresses);
 /// The address in text ("127.0.0.1", "::1") and its port.
 void DescribeAddress(const SocketAddress& address, std::string& text, unsigned int& port);
+
+/// Raises what limits the descriptors of the process as far as it may. @return the limit; 0: there is none
+std::uint64_t RaiseDescriptorLimit();
 
 struct SocketOptions {
     bool keepAlive = true;

@@ -157,6 +157,20 @@ TEST_F(NetworkTest, Addresses) {
     }
 }
 
+TEST_F(NetworkTest, AddressesOfAHost) {
+    char addresses[4 * DICOM_ADDRESS_SIZE];
+    EXPECT_EQ(VDicomNet::FindAddresses(nullptr, addresses, sizeof addresses), DICOM_ERROR_PARAMETER);
+    EXPECT_EQ(VDicomNet::FindAddresses("127.0.0.1", addresses, DICOM_ADDRESS_SIZE - 1), DICOM_ERROR_PARAMETER);
+    for (const auto& [host, seen] : {std::pair{"127.0.0.1", "127.0.0.1"}, std::pair{"::1", "::1"}}) {
+        ASSERT_EQ(VDicomNet::FindAddresses(host, addresses, sizeof addresses), DICOM_OK);
+        EXPECT_STREQ(addresses, seen);
+    }
+    ASSERT_EQ(VDicomNet::FindAddresses("localhost", addresses, sizeof addresses), DICOM_OK);
+    EXPECT_THAT((std::string(" ") + addresses + " "),
+                testing::AnyOf(testing::HasSubstr(" 127.0.0.1 "), testing::HasSubstr(" ::1 ")));
+    EXPECT_NE(VDicomNet::FindAddresses("no such host", addresses, sizeof addresses), DICOM_OK);
+}
+
 TEST_F(ConnectionTest, WindowAndItsMessages) {
     using namespace vdicom::platform;
     Associate();

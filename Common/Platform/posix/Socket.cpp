@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include <arpa/inet.h>
 #include <cerrno>
@@ -16,6 +17,7 @@
 #include <poll.h>
 #include <sys/epoll.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -349,6 +351,16 @@ void DescribeAddress(const SocketAddress& address, std::string& text, unsigned i
                 NI_NUMERICHOST | NI_NUMERICSERV);
     text = host;
     port = static_cast<unsigned int>(std::strtoul(service, nullptr, 10));
+}
+
+std::uint64_t RaiseDescriptorLimit() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0)
+        return 0;
+    const rlim_t before = std::exchange(limit.rlim_cur, limit.rlim_max);
+    if (setrlimit(RLIMIT_NOFILE, &limit) != 0)
+        limit.rlim_cur = before;
+    return limit.rlim_cur == RLIM_INFINITY ? 0 : limit.rlim_cur;
 }
 
 int OpenSocket(const SocketAddress& kind, SocketHandle& handle) {

@@ -165,6 +165,8 @@ void DescribeAddress(const SocketAddress& address, std::string& text, unsigned i
     port = static_cast<unsigned int>(std::strtoul(service, nullptr, 10));
 }
 
+std::uint64_t RaiseDescriptorLimit() { return 0; }
+
 int OpenSocket(const SocketAddress& kind, SocketHandle& socket) {
     return Adopt(g_ws.socket(Native(kind)->sa_family, SOCK_STREAM, IPPROTO_TCP), socket);
 }
