@@ -213,13 +213,13 @@ def item(kind, content):
     return bytes([kind, 0]) + struct.pack(">H", len(content)) + content
 
 
-def association(kind, calling=b"STRANGER", abstract=b"1.2.840.10008.1.1", syntax=b"1.2.840.10008.1.2"):
-    """An A-ASSOCIATE-RQ (1) or -AC (2) with one presentation context."""
+def association(kind, calling=b"STRANGER", abstract=b"1.2.840.10008.1.1", syntax=b"1.2.840.10008.1.2", more=b"", role=b""):
+    """An A-ASSOCIATE-RQ (1) or -AC (2) with one presentation context, and what else is given."""
     answer = kind == 2
     context = bytes([1, 0, 0, 0]) + (b"" if answer else item(0x30, abstract)) + item(0x40, syntax)
-    user = item(0x50, item(0x51, struct.pack(">I", 16384)))
+    user = item(0x50, item(0x51, struct.pack(">I", 16384)) + role)
     return pdu(kind, b"\0\1\0\0" + b"ARCHIVE".ljust(16) + calling.ljust(16) + bytes(32) +
-               item(0x10, b"1.2.840.10008.3.1.1.1") + item(0x21 if answer else 0x20, context) + user)
+               item(0x10, b"1.2.840.10008.3.1.1.1") + item(0x21 if answer else 0x20, context) + more + user)
 
 
 def message(field, message_id, *more, data_set=0x0101, abstract="1.2.840.10008.1.1"):
@@ -247,6 +247,140 @@ def talk(server, *pdus, until=b""):
         return received
 
 
+def short(tag, number):
+    return element(tag, "US", struct.pack("<H", number), implicit=True)
+
+
+class Peer:
+    """A connection of raw PDUs."""
+
+    def __init__(self, connection):
+        self.socket = connection
+        self.socket.settimeout(20)
+
+    def send(self, *pdus):
+        self.socket.sendall(b"".join(pdus))
+
+    def take(self, size):
+        data = b""
+        while len(data) < size:
+            piece = self.socket.recv(size - len(data))
+            if not piece:
+                raise EOFError
+            data += piece
+        return data
+
+    def receive(self):
+        """The kind of the next PDU, and its content; None: the other side has closed."""
+        try:
+            head = self.take(6)
+        except (EOFError, ConnectionError):
+            return None, b""
+        return head[0], self.take(struct.unpack(">I", head[2:])[0])
+
+    def message(self):
+        """A command set, and after it the data set that it announces."""
+        command, rest = b"", b""
+        while not command or (short(0x00000800, 0x0101) not in command and not rest[-1:] == b"."):
+            kind, content = self.receive()
+            assert kind == 4, (kind, content)
+            if content[5] & 1:
+                command += content[6:]
+            else:
+                rest += content[6:] + (b"." if content[5] & 2 else b"")
+        return command
+
+    def ask(self, service, number):
+        """C-FIND, C-GET or C-MOVE of the objects of a series."""
+        move = {0x0021: element(0x00000600, "AE", "TARGET", implicit=True)}.get(number, b"")
+        keys = ((0x00080018, "UI", ""), (0x00080052, "CS", "IMAGE" if number == 0x0020 else "SERIES"), (0x00100010, "PN", ""),
+                (0x00100020, "LO", "P0"), (0x0020000D, "UI", "1.2.0"), (0x0020000E, "UI", "1.2.0.1"))
+        identifier = b"".join(element(*key, implicit=True) for key in keys if key[2] or number == 0x0020)
+        self.send(message(number, 7, move, short(0x00000700, 0), data_set=1, abstract=service),
+                  pdu(4, struct.pack(">IBB", len(identifier) + 2, 1, 2) + identifier))
+
+
+MOVE, GET, FIND = (f"1.2.840.10008.5.1.4.1.2.1.{i}" for i in (2, 3, 1))
+RELEASE, RELEASED = pdu(5, bytes(4)), 6
+
+
+def requestor(server, service):
+    """A peer with an association for a service and, as a provider, for storage."""
+    peer = Peer(socket.create_connection(("127.0.0.1", int(server.port))))
+    peer.send(association(1, b"ASKER", service.encode(), more=item(0x20, bytes([3, 0, 0, 0]) + item(0x30, CLASS.encode()) +
+                                                                   item(0x40, EXPLICIT.encode())),
+                          role=item(0x54, struct.pack(">H", len(CLASS)) + CLASS.encode() + b"\1\1")))
+    assert peer.receive()[0] == 2
+    return peer
+
+
+def destination(listener, server, folder):
+    """Has a C-MOVE sent to a listener. @return the requestor, and the destination with the first C-STORE request"""
+    asker = requestor(server, MOVE)
+    asker.ask(MOVE, 0x0021)
+    target = Peer(listener.accept()[0])
+    assert target.receive()[0] == 1
+    target.send(association(2, syntax=EXPLICIT.encode()))
+    return asker, target, target.message()
+
+
+def listening():
+    listener = socket.create_server(("127.0.0.1", 0))
+    listener.settimeout(20)
+    return listener, f"TARGET 127.0.0.1 {listener.getsockname()[1]}\nNAMED localhost {{}}\nNOWHERE no-such-host.invalid 104\n"
+
+
+def test_objects_of_a_move_name_who_asked_and_warnings_are_told(folder):
+    listener, lines = listening()
+    with Server(folder("target")) as other, listener:
+        peers = folder.write("peers", lines.format(other.port).encode())
+        with Server(folder("archive"), "--peers", peers, "--timeout", "1") as server:
+            fill(folder, server, 1)
+            asker, target, command = destination(listener, server, folder)
+            assert element(0x00001030, "AE", "ASKER", implicit=True) + short(0x00001031, 7) in command, command
+            target.send(message(0x8001, 1, short(0x00000120, 1), short(0x00000900, 0xB000), abstract=CLASS))
+            assert server.wait("move", status="B000")["warnings"] == 1
+            asker.send(RELEASE)
+            # One that answers no request for an association, names, and one that cannot be found.
+            move = ("move", *server.at, "--level", "patient", "-k", "PatientID=P0", "--destination")
+            run(*move, "TARGET", status=1)
+            assert "did not answer" in str(server.wait("move", status="A702")), server.log("move")
+            run(*move, "NAMED")
+            assert len(files_below(other.folder)) == 1
+            run(*move, "NOWHERE", status=1)
+            assert "no-such-host.invalid" in server.log("move")[-1]["comment"]
+
+
+def test_a_release_ends_what_is_under_way(folder):
+    listener, lines = listening()
+    with listener, Server(folder("archive"), "--peers", folder.write("peers", lines.format(1).encode())) as server:
+        fill(folder, server, 400)
+        # In the middle of an object of a C-GET, and of a C-MOVE whose destination is silent.
+        peer = requestor(server, GET)
+        peer.ask(GET, 0x0010)
+        assert short(0x00000100, 1) in peer.message()
+        peer.send(RELEASE)
+        assert peer.receive()[0] == RELEASED
+        assert server.wait("get", end="released")["completed"] == 0
+        asker, target, _ = destination(listener, server, folder)
+        asker.send(RELEASE)
+        assert asker.receive()[0] == RELEASED
+        assert server.wait("move", end="released")["destination"] == "TARGET"
+        assert target.receive()[0] is None
+        # More answers of C-FIND than the connection holds.
+        peer = requestor(server, FIND)
+        for _ in range(15):
+            peer.ask(FIND, 0x0020)
+        peer.message()
+        peer.send(RELEASE)
+        run("echo", *server.at)
+        answers = 1
+        while (kind := peer.receive()[0]) == 4:
+            answers += 1
+        assert kind == RELEASED
+        assert server.wait("find", end="released") and answers < 15 * 201, answers
+
+
 def test_a_peer_cannot_accept_itself_and_gets_an_answer_to_every_request(folder):
     peers = folder.write("peers", b"FRIEND 127.0.0.1 104\n")
     with Server(folder("archive"), "--peers", peers, "--known-callers") as server:
@@ -258,6 +392,7 @@ def test_a_peer_cannot_accept_itself_and_gets_an_answer_to_every_request(folder)
         status = element(0x00000900, "US", struct.pack("<H", 0x0211), implicit=True)
         for field in (0x0100, 0x0110, 0x0120, 0x0140, 0x0150, 0x7777):
             assert status in talk(server, friend, message(field, 9), until=status), hex(field)
+            assert server.log("refused")[-1]["command"] == f"{field:04X}"
         # Releases without end are answered once, and the connection ends.
         assert talk(server, friend, pdu(5, bytes(4)) * 1000).count(pdu(6, bytes(4))) == 1
 

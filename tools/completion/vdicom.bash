@@ -24,8 +24,8 @@ _vdicom() {
         options='--called --calling --max-pdu --timeout --key --level --model --destination --to --listen --overwrite --json --help'
         ;;
     serve)
-        options='--folder --port --address --ae --peers --known-callers --check-called --worklist --sync --max-pdu --idle
-            --associations --log --json --reindex --help'
+        options='--folder --port --address --ae --peers --known-callers --check-called --worklist --sync --max-pdu --timeout
+            --idle --associations --log --json --reindex --help'
         ;;
     help) choices='dump convert edit new check dict echo store find get move serve' ;;
     esac

@@ -107,13 +107,14 @@ Pace CommitOperation::Connect() {
     }
     ++m_attempts;
     m_sent = false;
-    m_reporter = std::make_unique<Reporter>(*peer, m_server.Settings().title, m_server.Settings().maxPdu, [] {});
+    m_reporter = std::make_unique<Reporter>(*peer, m_server.Settings(), [] {});
     m_state = State::reporting;
     m_reporter->Open({{1, uid::kCommitment, {"1.2.840.10008.1.2.1", "1.2.840.10008.1.2"}}});
     return Pace::waiting;
 }
 
 Pace CommitOperation::GoOnReporting() {
+    m_reporter->LookAgain();
     if (m_reporter->TheAnswer() != Reporter::Answer::none) {
         m_server.TheLog()
             .Info("commit report")

@@ -38,9 +38,17 @@ Operation::Pace FindOperation::Work() {
     return Pace::more;
 }
 
+void FindOperation::Drop(const std::string& why) {
+    m_session.LogOperation(LogLine::Level::warning, "find")
+        .Add("class", m_request.classUid)
+        .Add("matches", m_matches)
+        .Add("end", why);
+}
+
 Operation::Pace FindOperation::Finish(unsigned short status, const std::string& comment) {
     m_session.Answer(m_request, {status, comment});
     m_session.LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, "find")
+        .Add("class", m_request.classUid)
         .AddStatus(status)
         .Add("matches", m_matches)
         .Add("comment", comment);

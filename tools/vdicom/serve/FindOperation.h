@@ -18,6 +18,7 @@ public:
 
     Pace Work() override;
     void Cancel() override { m_cancelled = true; }
+    void Drop(const std::string& why) override;
 
 private:
     Pace Finish(unsigned short status, const std::string& comment);

@@ -2,42 +2,70 @@
 
 #include "scu/Client.h"
 
+#include <fmt/format.h>
+
 namespace program {
 
 namespace {
 
-constexpr VDicomULong kConnectPatience = 10'000, kPatience = 300'000, kReleasePatience = 5'000; // milliseconds
-constexpr VDicomULong kLargestReceived = VDicomULong{1} << 20;                                  // answers alone
+constexpr VDicomULong kPatience = 300'000, kReleasePatience = 5'000; // milliseconds
+constexpr VDicomULong kLargestReceived = VDicomULong{1} << 20;       // answers alone
 constexpr std::chrono::milliseconds kBetweenTries{100};
 
 } // namespace
 
-Forwarder::Forwarder(const KnownPeer& peer, std::string ownTitle, VDicomULong maxPdu, std::function<void()> wake)
-    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer), m_ownTitle(std::move(ownTitle)), m_maxPdu(maxPdu),
-      m_wake(std::move(wake)) {
+Forwarder::Forwarder(const KnownPeer& peer, const ServeSettings& settings, std::function<void()> wake)
+    : VDicomNet(nullptr, DICOM_SECURE_NONE), m_peer(peer), m_settings(settings), m_wake(std::move(wake)) {
     SetSocketBuffers(0, 0);
     SetSendInPlace(1);
     SetLargestPDU(kLargestReceived);
     SetLargestDataSet(kLargestReceived);
-    SetTimeout(DICOM_TIMEOUT_CONNECT, kConnectPatience);
-    SetTimeout(DICOM_TIMEOUT_ASSOCIATE, kPatience);
+    SetTimeout(DICOM_TIMEOUT_CONNECT, settings.timeout);
+    SetTimeout(DICOM_TIMEOUT_ASSOCIATE, settings.timeout);
     SetTimeout(DICOM_TIMEOUT_IDLE, kPatience);
     SetTimeout(DICOM_TIMEOUT_RELEASE, kReleasePatience);
 }
 
-void Forwarder::Open(std::vector<StoreContext> contexts) {
-    m_proposed = std::move(contexts);
+void Forwarder::Open(const std::vector<StoreContext>& contexts) {
+    // A class's own syntaxes behind its others: there are peers that read whatever comes in the syntax of the last
+    // context of its class.
+    m_proposed.assign(contexts.rbegin(), contexts.rend());
+    m_begin = Clock::now();
+    m_state = State::opening;
+    try {
+        m_lookup = std::make_unique<HostLookup>(m_peer.host);
+    } catch (const std::exception& error) {
+        return Lost(error.what());
+    }
+    FindAddresses();
+}
+
+void Forwarder::FindAddresses() {
+    if (!m_lookup->IsDone()) {
+        if (m_settings.timeout != 0 && Clock::now() > m_begin + std::chrono::milliseconds(m_settings.timeout))
+            Lost(fmt::format("the name server is slow to tell of {}", m_peer.host));
+        return;
+    }
+    const std::unique_ptr<HostLookup> lookup = std::move(m_lookup);
+    m_addresses = lookup->Addresses();
+    if (m_addresses.empty())
+        return Lost(fmt::format("{}: {}", m_peer.host, GetErrorText(lookup->Code())));
     m_begin = Clock::now();
     Try();
 }
 
 void Forwarder::Try() {
-    m_state = State::opening;
-    if (const unsigned int code = Connect(nullptr, 0, m_peer.host.c_str(), m_peer.port); code != DICOM_OK)
+    const char* address = m_addresses[m_address].c_str();
+    if (const unsigned int code = Connect(nullptr, 0, address, m_peer.port); code != DICOM_OK)
         NotConnected(code);
 }
 
 void Forwarder::NotConnected(unsigned int code) {
+    if (++m_address < m_addresses.size()) {
+        Close();
+        return Try();
+    }
+    m_address = 0;
     m_next = Clock::now() + kBetweenTries;
     m_toTryAgain = code == DICOM_ERROR_SOCKET_REFUSED && m_next < m_begin + m_patience;
     if (!m_toTryAgain)
@@ -47,6 +75,8 @@ void Forwarder::NotConnected(unsigned int code) {
 }
 
 void Forwarder::LookAgain() {
+    if (m_lookup != nullptr)
+        return FindAddresses();
     if (!m_toTryAgain || Clock::now() < m_next)
         return;
     m_toTryAgain = false;
@@ -54,6 +84,7 @@ void Forwarder::LookAgain() {
 }
 
 void Forwarder::Lost(std::string why) {
+    m_lookup.reset();
     m_failure = std::move(why);
     m_state = State::closed;
     Close();
@@ -72,8 +103,8 @@ void Forwarder::OnConnect(int nError) {
         return NotConnected(static_cast<unsigned int>(nError));
     VDicomAssociate request(1);
     request.SetCalled(m_peer.title.c_str());
-    request.SetCalling(m_ownTitle.c_str());
-    request.SetMaxLength(1, m_maxPdu);
+    request.SetCalling(m_settings.title.c_str());
+    request.SetMaxLength(1, m_settings.maxPdu);
     request.SetImplementClass(1, kImplementationClass);
     request.SetImplementVersion(1, kImplementationVersion);
     bool done = true;
@@ -127,8 +158,26 @@ void Forwarder::OnReceive(int nError, unsigned char /*nType*/, char* /*buffer*/,
 
 unsigned int Forwarder::Store(unsigned char contextId, unsigned short messageId, const archive::RetrievedObject& object,
                               VDicomDS& ds) {
-    return SendCStoreRequest(contextId, messageId, object.classUid.c_str(), object.instanceUid.c_str(), 0, nullptr,
-                             m_originMessage, &ds);
+    constexpr unsigned short request = 0x0001, medium = 0x0000, withDataSet = 0x0001;
+    VDicomDS command;
+    command.InitDS(DICOM_UNDEFINED, DICOM_FLAG_BARE | DICOM_TS_IMPLICIT_LITTLE);
+    command.FindSetValue(nullptr, 0x00000002, vdicom::vr::UI, object.classUid.c_str(), 1);
+    command.FindSetValue(nullptr, 0x00000100, vdicom::vr::US, &request, 1);
+    command.FindSetValue(nullptr, 0x00000110, vdicom::vr::US, &messageId, 1);
+    command.FindSetValue(nullptr, 0x00000700, vdicom::vr::US, &medium, 1);
+    command.FindSetValue(nullptr, 0x00000800, vdicom::vr::US, &withDataSet, 1);
+    command.FindSetValue(nullptr, 0x00001000, vdicom::vr::UI, object.instanceUid.c_str(), 1);
+    command.FindSetValue(nullptr, 0x00001030, vdicom::vr::AE, m_originTitle.c_str(), 1);
+    command.FindSetValue(nullptr, 0x00001031, vdicom::vr::US, &m_originMessage, 1);
+    unsigned int code = SendData(1u, contextId, &command);
+    if (code != DICOM_OK)
+        return code;
+    code = SendData(0u, contextId, &ds);
+    if (code != DICOM_OK) { // the command waits, and must not leave alone
+        m_isHalfSent = true;
+        Lost(GetErrorText(code));
+    }
+    return code;
 }
 
 void Forwarder::OnReceiveCStoreResponse(unsigned char /*id*/, unsigned short messageID, const char* /*classUID*/,

@@ -3,6 +3,8 @@
 /// the server lets each go on by a little in every turn of its loop. (Storage commitments are CommitOperation's.)
 #pragma once
 
+#include <string>
+
 namespace program {
 
 class Operation {
@@ -21,6 +23,8 @@ public:
     virtual Pace Work() = 0;
     /// The peer wants it to end (C-CANCEL); it is answered by Work.
     virtual void Cancel() = 0;
+    /// The association is over before its last answer. @param why for the log
+    virtual void Drop(const std::string& why) = 0;
     /// The answer to an object that it sent over the session itself. @return whether it was this operation's
     virtual bool OnStored(unsigned short /*messageId*/, unsigned short /*status*/) { return false; }
 

@@ -66,13 +66,22 @@ Operation::Pace RetrieveOperation::Finish(unsigned short status) {
     VDicomDS list;
     Respond(status, m_objects.FailedList(list));
     Close();
-    m_session.LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, Name())
-        .AddStatus(status)
+    LogCounts(
+        m_session.LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, Name()).AddStatus(status));
+    return Pace::done;
+}
+
+void RetrieveOperation::Drop(const std::string& why) {
+    Close();
+    LogCounts(m_session.LogOperation(LogLine::Level::warning, Name()).Add("end", why));
+}
+
+void RetrieveOperation::LogCounts(LogLine& line) {
+    line.Add("destination", Destination())
         .Add("completed", m_objects.Completed())
         .Add("failed", m_objects.Failed())
         .Add("warnings", m_objects.Warning())
         .Add("comment", m_objects.Reason());
-    return Pace::done;
 }
 
 StoreChannel* GetOperation::ChannelFor(std::size_t /*kind*/, std::string& /*reason*/) { return &m_session; }
@@ -91,18 +100,20 @@ MoveOperation::MoveOperation(Session& session, const Request& request, std::uniq
 StoreChannel* MoveOperation::ChannelFor(std::size_t kind, std::string& reason) {
     const std::size_t number = m_plan.AssociationOf(kind);
     std::unique_ptr<Forwarder>& channel = m_channels[number];
+    if (channel != nullptr && channel->IsHalfSent())
+        channel.reset();
     if (channel == nullptr) {
         Server& server = m_session.TheServer();
-        channel = std::make_unique<Forwarder>(m_peer, server.Settings().title, server.Settings().maxPdu,
+        channel = std::make_unique<Forwarder>(m_peer, server.Settings(),
                                               [&server, number = m_session.Number()] { server.SetWorking(number); });
         channel->SetPatience(kPatience);
-        channel->SetOrigin(m_request.messageId);
+        channel->SetOrigin(m_session.CallingTitle(), m_request.messageId);
         channel->SetOnStored(
             [this](unsigned short messageId, unsigned short status) { m_objects.OnStored(messageId, status); });
         channel->Open(m_plan.Contexts(number));
     }
     channel->LookAgain();
-    if (channel->IsToTryAgain())
+    if (channel->IsToLookAgain())
         m_session.TheServer().SetWorking(m_session.Number()); // in the next turn
     if (channel->GetState() != StoreChannel::State::closed)
         return channel.get();
@@ -128,10 +139,12 @@ void MoveOperation::Respond(unsigned short status, VDicomDS* list) {
                                 list);
 }
 
-// The associations end by themselves.
+// The associations end by themselves; the one that is in the middle of an object is broken off.
 void MoveOperation::Close() {
-    for (std::unique_ptr<Forwarder>& channel : m_channels) {
-        if (channel == nullptr || channel->GetState() != StoreChannel::State::ready)
+    const std::size_t busy = m_objects.IsUnderWay() ? m_plan.AssociationOf(m_objects.KindOfNext()) : m_channels.size();
+    for (std::size_t number = 0; number < m_channels.size(); ++number) {
+        std::unique_ptr<Forwarder> channel = std::move(m_channels[number]);
+        if (channel == nullptr || number == busy || channel->GetState() != StoreChannel::State::ready)
             continue;
         channel->SetOnStored({});
         m_session.TheServer().LetEnd(std::move(channel));

@@ -15,6 +15,7 @@ public:
 
     Pace Work() override;
     void Cancel() override { m_cancelled = true; }
+    void Drop(const std::string& why) override;
     bool OnStored(unsigned short messageId, unsigned short status) override {
         return m_objects.OnStored(messageId, status);
     }
@@ -28,6 +29,8 @@ protected:
     virtual bool HasSent() = 0;
     virtual void Respond(unsigned short status, VDicomDS* list) = 0;
     virtual const char* Name() const = 0;
+    /// To whom the objects go, where that is another one than asked.
+    virtual std::string Destination() const { return {}; }
     virtual unsigned short AllFailed() const = 0;
     virtual void Close() {}
 
@@ -37,6 +40,7 @@ protected:
 
 private:
     Pace Finish(unsigned short status);
+    void LogCounts(LogLine& line);
     void TellProgress();
 
     bool m_cancelled = false;
@@ -68,6 +72,7 @@ private:
     bool HasSent() override;
     void Respond(unsigned short status, VDicomDS* list) override;
     const char* Name() const override { return "move"; }
+    std::string Destination() const override { return m_peer.title; }
     unsigned short AllFailed() const override { return 0xA702; }
     void Close() override;
 

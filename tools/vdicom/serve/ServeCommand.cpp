@@ -26,6 +26,7 @@ struct ServeOptions {
     ServeSettings settings;
     std::uint64_t port = 11112;
     std::uint64_t maxPdu = 131072;
+    std::uint64_t timeout = 30;
     std::uint64_t idle = 600;
     std::uint64_t associations = 1200;
     std::string log;
@@ -124,6 +125,7 @@ int Serve(const ServeOptions& options) {
         Say(network.Failure());
         return kInputFailed;
     }
+    const VDicomULong descriptors = VDicomNet::RaiseDescriptorLimit();
     Server server(settings, archive, peers, log);
     if (const unsigned int code = server.Start(); code != DICOM_OK) {
         Say(fmt::format("port {}", settings.port), GetErrorText(code));
@@ -137,7 +139,8 @@ int Serve(const ServeOptions& options) {
         .Add("folder", settings.folder)
         .Add("studies", count.studies)
         .Add("instances", count.instances)
-        .Add("peers", peers.Count());
+        .Add("peers", peers.Count())
+        .Add("descriptors", descriptors);
     RunLoop(server);
     log.Info("stop");
     return kDone;
@@ -152,12 +155,15 @@ std::string Check(ServeOptions& options) {
         return "--port goes up to 65535";
     if (options.maxPdu < 1024 || options.maxPdu > (std::uint64_t{16} << 20))
         return "--max-pdu goes from 1024 to 16777216";
+    if (options.timeout > 1'000'000)
+        return "--timeout goes up to 1000000";
     if (options.idle > 1'000'000)
         return "--idle goes up to 1000000";
     if (options.associations == 0 || options.associations > 100'000)
         return "--associations goes from 1 to 100000";
     settings.port = static_cast<unsigned int>(options.port);
     settings.maxPdu = static_cast<VDicomULong>(options.maxPdu & ~std::uint64_t{1});
+    settings.timeout = static_cast<VDicomULong>(options.timeout * 1000);
     settings.idle = static_cast<VDicomULong>(options.idle * 1000);
     settings.mostSessions = static_cast<unsigned int>(options.associations);
     return settings.knownCallers && settings.peersFile.empty() ? "--known-callers needs --peers"
@@ -179,6 +185,8 @@ int RunServe(int count, const char* const* arguments) {
     options.Text("--worklist", given.settings.worklist, "DIR", "folder of worklist files, for modality worklist");
     options.Flag("--sync", given.settings.sync, "acknowledge when objects would outlast a power failure; slower");
     options.Number("--max-pdu", given.maxPdu, "BYTES", "largest PDU that peers may send; 131072 unless given");
+    options.Number("--timeout", given.timeout, "SECONDS",
+                   "for the connection to a peer of ours, and for its association; 30 unless given, 0: for ever");
     options.Number("--idle", given.idle, "SECONDS",
                    "end associations that say nothing so long; 600 unless given, 0: never");
     options.Number("--associations", given.associations, "N", "associations at a time; 1200 unless given");

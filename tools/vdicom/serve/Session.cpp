@@ -89,6 +89,7 @@ void Session::Ended(std::string_view how) {
     m_incoming.Discard();
     if (m_end.empty())
         m_end = how;
+    DropOperations(m_end);
     const auto duration = std::chrono::steady_clock::now() - m_begin;
     LogLine line = m_end == "released" || m_end == "rejected" ? m_server.TheLog().Info("association")
                                                               : m_server.TheLog().Warning("association");
@@ -108,7 +109,7 @@ void Session::Abort(unsigned char reason, std::string_view why) {
         return;
     if (m_end.empty())
         m_end = fmt::format("aborted by us: {}", why);
-    DropOperations();
+    DropOperations(m_end);
     m_incoming.Discard();
     SendAbort(2, reason);
 }
@@ -120,9 +121,11 @@ void Session::Unexpected() {
     Ended(m_end);
 }
 
-void Session::DropOperations() {
-    for (std::unique_ptr<Operation>& operation : m_operations)
+void Session::DropOperations(const std::string& why) {
+    for (std::unique_ptr<Operation>& operation : m_operations) {
+        operation->Drop(why);
         m_over.push_back(std::move(operation));
+    }
     m_operations.clear();
 }
 
@@ -240,7 +243,7 @@ void Session::OnReceiveReleaseRequest() {
     if (!m_end.empty())
         return;
     m_end = "released";
-    DropOperations(); // the peer does not wait for their answers
+    DropOperations(m_end); // the peer does not wait for their answers
     SendReleaseResponse();
 }
 
@@ -280,12 +283,12 @@ void Session::OnReceiveUnknown(unsigned char id, VDicomDS* command, VDicomDS* /*
     if (command == nullptr || field == 0)
         return Abort(6, "a data set without a command");
     if ((field & kResponse) == 0)
-        Answer({id,
-                NumberOf(*command, kMessageId),
-                static_cast<unsigned short>(field | kResponse),
-                TextOf(*command, kClass),
-                {}},
-               {kUnrecognised, "no such operation"});
+        Deny({id,
+              NumberOf(*command, kMessageId),
+              static_cast<unsigned short>(field | kResponse),
+              TextOf(*command, kClass),
+              {}},
+             {kUnrecognised, "no such operation"});
 }
 
 // Storage.
@@ -369,20 +372,29 @@ void Session::OnReceiveCEchoRequest(unsigned char id, unsigned short messageID, 
 
 void Session::Refuse(unsigned char id, unsigned short messageID, unsigned short field, const char* classUID,
                      const char* instanceUID) {
-    Answer({id, messageID, field, classUID, instanceUID}, {kUnrecognised, "no such operation"});
+    Deny({id, messageID, field, classUID, instanceUID}, {kUnrecognised, "no such operation"});
+}
+
+void Session::Deny(const Request& request, const Outcome& outcome) {
+    LogOperation(LogLine::Level::warning, "refused")
+        .Add("command", fmt::format("{:04X}", request.responseField & ~unsigned{kResponse}))
+        .Add("class", request.classUid)
+        .AddStatus(outcome.status)
+        .Add("comment", outcome.comment);
+    Answer(request, outcome);
 }
 
 bool Session::Admit(const Request& request, ServiceKind kind, const VDicomDS* data) {
     const char* abstractSyntax = GetAssociate()->GetAbstract(request.contextId);
     const bool commitment = kind == ServiceKind::commitment;
     if (abstractSyntax == nullptr || ClassOf(abstractSyntax).kind != kind || request.classUid != abstractSyntax)
-        Answer(request, {kClassNotSupported, "not the class of its presentation context"});
+        Deny(request, {kClassNotSupported, "not the class of its presentation context"});
     else if (data == nullptr)
-        Answer(request, {commitment ? kMissingAttribute : kMissingData, "the request has no data set"});
+        Deny(request, {commitment ? kMissingAttribute : kMissingData, "the request has no data set"});
     else if (m_operations.size() >= kMostOperations || !m_server.TakesOperation() ||
              (commitment && !m_server.TakesCommitment()))
-        Answer(request,
-               {commitment ? kResourceLimitation : archive::status::kOutOfResources, "too many requests at a time"});
+        Deny(request,
+             {commitment ? kResourceLimitation : archive::status::kOutOfResources, "too many requests at a time"});
     else
         return true;
     return false;
@@ -413,7 +425,10 @@ void Session::OnReceiveCFindRequest(unsigned char id, unsigned short messageID, 
                         : m_server.StartFind(*data, OptionsOf(request), source, pending);
     });
     if (!outcome.IsSuccess()) {
-        LogOperation(LogLine::Level::warning, "find").AddStatus(outcome.status).Add("comment", outcome.comment);
+        LogOperation(LogLine::Level::warning, "find")
+            .Add("class", request.classUid)
+            .AddStatus(outcome.status)
+            .Add("comment", outcome.comment);
         return Answer(request, outcome);
     }
     Begin(std::make_unique<FindOperation>(*this, request, std::move(source), pending));
@@ -472,7 +487,7 @@ void Session::OnReceiveNActionRequest(unsigned char id, unsigned short messageID
     if (!Admit(request, ServiceKind::commitment, data))
         return;
     if (action != 1)
-        return Answer(request, {kNoSuchAction, "no such action"});
+        return Deny(request, {kNoSuchAction, "no such action"});
     std::unique_ptr<archive::Commitment> commitment;
     Outcome outcome = m_server.Guard([&] { return m_server.TheArchive().StartCommitment(*data, commitment); });
     if (outcome.status == archive::status::kOutOfResources)

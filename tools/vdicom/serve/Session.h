@@ -126,7 +126,9 @@ private:
     /// What only a requestor is sent.
     void Unexpected();
     /// Ends the operations; what they are sending stays, since it is sent from their data sets.
-    void DropOperations();
+    void DropOperations(const std::string& why);
+    /// Answers a request that cannot even be begun, and logs it.
+    void Deny(const Request& request, const archive::Outcome& outcome);
     /// A request that no service here has.
     void Refuse(unsigned char id, unsigned short messageID, unsigned short field, const char* classUID,
                 const char* instanceUID);

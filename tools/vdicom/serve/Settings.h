@@ -19,6 +19,7 @@ struct ServeSettings {
     bool checkCalled = false;     ///< refuse requests that name another AE title than ours
     bool sync = false;            ///< what was acknowledged outlasts a power failure
     VDicomULong maxPdu = 131072;
+    VDicomULong timeout = 30'000;     ///< milliseconds for a connection to a peer, and for its association; 0: for ever
     VDicomULong idle = 600'000;       ///< milliseconds; 0: idle associations live for ever
     unsigned int mostSessions = 1200; ///< associations at a time
 };

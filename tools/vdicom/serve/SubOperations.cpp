@@ -90,7 +90,7 @@ unsigned short SubOperations::Remaining() const {
 }
 
 unsigned short SubOperations::FinalStatus(unsigned short allFailed) const {
-    if (m_failed == 0)
+    if (m_failed + m_warnings == 0)
         return archive::status::kSuccess;
     return m_completed + m_warnings == 0 ? allFailed : static_cast<unsigned short>(0xB000);
 }

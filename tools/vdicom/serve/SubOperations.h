@@ -62,7 +62,7 @@ public:
     unsigned short Completed() const { return Number(m_completed); }
     unsigned short Failed() const { return Number(m_failed); }
     unsigned short Warning() const { return Number(m_warnings); }
-    /// 0000, B000 (some failed) or `allFailed`.
+    /// 0000, B000 (some failed, or ended with a warning) or `allFailed`.
     unsigned short FinalStatus(unsigned short allFailed) const;
     /// Fills the data set of the last response: Failed SOP Instance UID List. @return null when nothing failed
     VDicomDS* FailedList(VDicomDS& ds) const;
