@@ -236,6 +236,33 @@ TEST_F(Sockets, AcceptEventsComeAgainAfterAnAccept) {
     CloseSocket(other);
 }
 
+// The peer has ended the connection before it is looked at: that is told, and nothing stays open for ever.
+TEST_F(Sockets, EndedBeforeItIsSelected) {
+    std::string received;
+    g_onEvent = [&](WindowHandle window, SocketHandle socket, char letter) {
+        if (window == peer && letter == 'r')
+            received += Receive(socket, 10, true);
+    };
+    for (const bool broken : {true, false}) {
+        g_log.clear();
+        ours = Connect(client);
+        RunUntil([] { return !g_log[g_server].empty() && g_log[g_client] == "cw"; });
+        ASSERT_EQ(AcceptSocket(listener, theirs), 0);
+        if (broken) { // with bytes unread it ends as a reset
+            Send(theirs, "unread");
+            RunUntil([] { return g_log[g_client] == "cwr"; });
+        } else {
+            Send(ours, "last words");
+        }
+        CloseSocket(std::exchange(ours, kNoSocket));
+        VDicomMessageLoop::RunOnce(g_patience); // it is on its way
+        ASSERT_EQ(SelectSocketEvents(theirs, peer, kEvent, kAccepted), 0);
+        RunUntil([this] { return g_log[peer].find('x') != std::string::npos; });
+        CloseSocket(std::exchange(theirs, kNoSocket));
+        EXPECT_EQ(received, broken ? "" : "last words");
+    }
+}
+
 TEST_F(Sockets, RefusedBrokenAndClosedInsideAHandler) {
     Establish();
     g_onEvent = [&](WindowHandle window, SocketHandle socket, char letter) {

@@ -207,20 +207,26 @@ int SocketEvents::Select(int descriptor, WindowHandle window, unsigned int messa
         SetDue(*selection);
         return 0;
     }
-    const State state = StateOf(descriptor);
+    State state = StateOf(descriptor);
+    // An accepted one that its peer has broken off already looks like one that was never connected.
+    const int error = state == State::unconnected ? PendingError(descriptor) : 0;
+    if (error != 0)
+        state = State::connected;
     const auto index = static_cast<std::size_t>(descriptor);
     try {
         if (index >= m_selections.size())
             m_selections.resize(index + index / 2 + 16);
         m_due.reserve(std::max(m_due.capacity(), m_selections.size()));
         m_selections[index] = std::make_unique<Selection>(Selection{descriptor, window, message, events, state});
+        m_selections[index]->ended = error != 0;
+        m_selections[index]->error = error;
     } catch (const std::bad_alloc&) {
         return kSocketNoBuffers;
     }
     if (!m_queue.Watch(descriptor, EPOLLIN | EPOLLOUT | EPOLLRDHUP | static_cast<std::uint32_t>(EPOLLET))) {
-        const int error = LastError();
+        const int failure = LastError();
         m_selections[index].reset();
-        return error;
+        return failure;
     }
     return 0;
 }

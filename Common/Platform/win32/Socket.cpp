@@ -257,8 +257,18 @@ int PeerAddress(SocketHandle socket, SocketAddress& address) {
 int SelectSocketEvents(SocketHandle socket, WindowHandle window, unsigned int message, unsigned int events) {
     if (events != 0 && !IsMessageWindow(window))
         return WSAEINVAL;
-    return ResultOf(
+    const int error = ResultOf(
         g_ws.asyncSelect(NativeOf(socket), reinterpret_cast<HWND>(window), message, static_cast<long>(events)));
+    // That a connection had ended before this is told to the listening window, or to nobody.
+    char byte = 0;
+    const int peeked = error != 0 || (events & kCloseEvent) == 0 || (events & kReadEvent) == 0
+                           ? 1
+                           : g_ws.receive(NativeOf(socket), &byte, 1, MSG_PEEK);
+    const int broken = peeked < 0 ? g_ws.lastError() : 0;
+    if (peeked == 0 || broken == WSAECONNRESET || broken == WSAECONNABORTED)
+        PostMessageW(reinterpret_cast<HWND>(window), message, static_cast<WPARAM>(NativeOf(socket)),
+                     WSAMAKESELECTREPLY(kCloseEvent, broken));
+    return error;
 }
 
 } // namespace vdicom::platform
