@@ -142,6 +142,7 @@ int Serve(const ServeOptions& options) {
         .Add("peers", peers.Count())
         .Add("descriptors", descriptors);
     RunLoop(server);
+    server.End();
     log.Info("stop");
     return kDone;
 }

@@ -23,16 +23,21 @@ Server::Server(const ServeSettings& settings, archive::Archive& archive, PeersFi
 }
 
 Server::~Server() {
+    m_commitments.clear();
+    m_ending.clear();
+    m_sessions.clear();
+    Close();
+}
+
+void Server::End() {
+    for (const auto& [number, session] : m_sessions)
+        session->Ended("closed by us: the server stops");
     for (const auto& commitment : m_commitments) {
         if (!commitment->IsDone())
             m_log.Warning("commit report")
                 .Add("calling", commitment->Title())
                 .Add("comment", "not sent: the server stops");
     }
-    m_commitments.clear();
-    m_ending.clear();
-    m_sessions.clear();
-    Close();
 }
 
 unsigned int Server::Start() {

@@ -1,6 +1,6 @@
 /// @file Server.h
-/// The listening connection of `vdicom serve`, and what all associations share. Everything runs in one thread: the
-/// message loop's notifications, and after them one Turn.
+/// The listening connection of `vdicom serve`, and what all associations share. Everything runs in one thread, the
+/// looking up of names aside: the message loop's notifications, and after them one Turn.
 #pragma once
 
 #include "serve/CommitOperation.h"
@@ -33,6 +33,8 @@ public:
     bool Turn();
     /// No association is accepted any more, and those that wait for nothing end.
     void Stop();
+    /// Logs what has not come to its end by then. The last call.
+    void End();
     /// Whether all has ended.
     bool IsIdle() const { return m_sessions.empty() && m_commitments.empty() && m_ending.empty(); }
 
