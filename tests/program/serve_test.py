@@ -78,6 +78,20 @@ def test_every_uncompressed_syntax_and_a_compressed_one(folder):
             assert content(stored) == content(folder("one.dcm")), number
 
 
+def test_get_brings_objects_of_one_class_each_as_it_is_stored(folder):
+    syntaxes = (IMPLICIT, EXPLICIT, BIG, DEFLATED, "1.2.840.10008.1.2.5")
+    with Server(folder("archive")) as server:
+        for number, syntax in enumerate(syntaxes[:4]):
+            os.makedirs(folder("in"), exist_ok=True)
+            run("convert", "--to", syntax, make(folder, "one.dcm", "P", "1.2", "1.2.1", f"1.2.9.{number}"), folder(f"in/{number}.dcm"))
+        folder.write("in/4.dcm", part10(b"".join(element(tag, "UI", uid) for tag, uid in (
+            (0x00080016, CLASS), (0x00080018, "1.2.9.4"), (0x0020000D, "1.2"), (0x0020000E, "1.2.1"))), syntaxes[4]))
+        run("store", *server.at, folder("in"))
+        run("get", *server.at, "-k", "StudyInstanceUID=1.2", "--to", folder("got"))
+        for number, syntax in enumerate(syntaxes):
+            assert run("dump", "--tag", "TransferSyntaxUID", folder(f"got/1.2.9.{number}.dcm")).out.count(syntax + " "), number
+
+
 def test_moves_to_known_peers_and_to_no_others(folder):
     with Server(folder("target")) as target:
         peers = folder.write("peers", f"TARGET 127.0.0.1 {target.port} # here\nDEAD 127.0.0.1 {free_port()}\n".encode())
