@@ -12,6 +12,7 @@ import threading
 import time
 
 from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, contains, element, equal, image, main, part10, run
+from terminal_test import on_terminal
 
 CT, VERIFICATION = "1.2.840.10008.5.1.4.1.1.2", "1.2.840.10008.1.1"
 FIND = b"\x20\0"
@@ -260,6 +261,27 @@ def test_a_lost_connection_tells_what_is_stored_and_is_made_again_when_told_so(f
         equal((result["stored"], result["notSent"], result["associations"]), (5, 0, 3))
 
 
+def test_an_object_that_is_refused_is_listed_with_its_status_and_not_sent_again(folder):
+    for i in range(3):
+        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}")))
+    statuses = {"1.2.0": 0xA700, "1.2.1": 0xC123, "1.2.2": 0}
+    seen = []
+
+    def talk(connection):
+        accept(connection)
+        while (got := message(connection)) is not None:
+            seen.append(got[1][0x1000].rstrip(b"\0").decode())
+            status = statuses[seen[-1]]
+            respond(connection, *got[:2], status, extra=element(0x0902, "", b"no room today " if status else b"", implicit=True))
+
+    with peer(talk) as port:
+        result = run("store", "127.0.0.1", port, "--retry", "3", "--json", folder("in"), status=1).json()
+    equal((sorted(seen), result["stored"], result["failed"]), (sorted(statuses), 1, 2))
+    equal({problem["sopInstanceUID"]: problem["status"] for problem in result["problems"]}, {"1.2.0": 0xA700, "1.2.1": 0xC123})
+    for problem in result["problems"]:
+        assert re.match(f"status {problem['status']:04X}, .*no room today", problem["text"]), problem
+
+
 def test_matches_are_cut_behind_the_limit_and_control_characters_stay_off_the_terminal(_):
     seen = []
 
@@ -474,6 +496,41 @@ def test_a_peer_that_ignores_the_cancel_is_left(_):
         result = run("find", "127.0.0.1", port, "--limit", "2", "--json")
     equal(len(result.json()), 2)
     contains(result.err, "more matches")
+
+
+def test_progress_is_drawn_on_a_terminal_alone(folder):
+    paths = [folder.write(f"{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}"))) for i in range(2)]
+
+    def store(connection):
+        accept(connection)
+        time.sleep(1)  # a moment's work draws nothing
+        while (got := message(connection)) is not None:
+            respond(connection, *got[:2], 0)
+            time.sleep(0.2)
+
+    def get(connection):
+        stores = [number for number, (name, _) in accept(connection).items() if name == CT]
+        context, command, _, _ = message(connection)
+        time.sleep(1)
+        for i in range(2):
+            send_store(connection, stores[0], i + 1, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
+            message(connection)
+            respond(connection, context, command, 0 if i else 0xFF00, extra=b"".join(element(
+                0x1020 + n, "", struct.pack("<H", count), implicit=True) for n, count in enumerate((1 - i, 1 + i, 0, 0))))
+            time.sleep(0.2)
+        message(connection)
+
+    for script, shown, arguments in ((store, "1 of 2 files, 0 of 0 MB", paths),
+                                     (get, "1 of 2 objects, 0 MB", ("--class", CT, "--to", folder("in"), "--overwrite", "-k", "StudyInstanceUID=1.2"))):
+        with peer(script) as port:
+            for columns in (30, 100):
+                status, written = on_terminal(script.__name__, "127.0.0.1", port, *arguments, columns=columns)
+                lines = written.split("\r\x1b[K")
+                equal((status, "[###" in written), (0, columns == 100))
+                contains(written, shown)
+                assert max(map(len, lines[:-1])) < columns and "#" not in lines[-1] and " of " not in lines[-1], lines
+            assert "\x1b" not in run(script.__name__, "127.0.0.1", port, *arguments).err
+            assert "\x1b" not in on_terminal(script.__name__, "127.0.0.1", port, *arguments, "--json")[1]
 
 
 def test_an_answer_before_the_whole_object_is_no_success(folder):

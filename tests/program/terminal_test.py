@@ -79,4 +79,5 @@ def test_progress_of_long_work(folder):
     equal(len(os.listdir(folder("out"))), 11)
 
 
-main(sys.modules[__name__])
+if __name__ == "__main__":
+    main(sys.modules[__name__])

@@ -14,6 +14,7 @@ namespace {
 
 constexpr auto kFirst = std::chrono::milliseconds(700);
 constexpr auto kAgain = std::chrono::milliseconds(100);
+constexpr std::size_t kShortestBar = 5, kLongestBar = 30, kUsualColumns = 79;
 
 void Write(const std::string& text) { VDicomConsole::Write(DICOM_STDERR, text.data(), text.size(), nullptr); }
 
@@ -33,6 +34,17 @@ void Progress::Pieces(std::string_view what, std::uint64_t total) {
     m_pieces = total;
 }
 
+void Progress::Total(std::uint64_t total) {
+    if (m_total == 0)
+        m_start = Clock::now();
+    m_total = total;
+}
+
+void Progress::Off() {
+    Hide();
+    m_active = false;
+}
+
 void Progress::Done(std::uint64_t count, std::uint64_t pieces) {
     if (!m_active)
         return;
@@ -49,32 +61,44 @@ void Progress::Hide() {
     m_shown = false;
 }
 
+void Progress::AddBytes(std::string& line, double seconds) const {
+    const double megabytes = static_cast<double>(m_bytes) / 1e6;
+    if (m_bytes > 0)
+        line += fmt::format(", {:.0f} MB, {:.0f} MB/s", megabytes, megabytes / std::max(seconds, 1e-3));
+}
+
 void Progress::Draw(std::uint64_t count, std::uint64_t pieces) {
     const std::chrono::duration<double> spent = Clock::now() - m_start;
-    std::string line = "\r\033[K";
+    std::string text, bar;
     if (m_total > 0) {
-        const std::size_t width = 30;
-        const auto filled = static_cast<std::size_t>(static_cast<double>(std::min(count, m_total)) /
-                                                     static_cast<double>(m_total) * static_cast<double>(width));
-        line += fmt::format("[{}{}] ", std::string(filled, '#'), std::string(width - filled, '.'));
         if (!m_piece.empty())
-            line += fmt::format("{} of {} {}, ", pieces, m_pieces, m_piece);
-        line += fmt::format("{} of {} {}", count / m_unit, m_total / m_unit, m_what);
+            text += fmt::format("{} of {} {}, ", std::min(pieces, m_pieces), m_pieces, m_piece);
+        text += fmt::format("{} of {} {}", count / m_unit, m_total / m_unit, m_what);
         if (m_unit > 1)
-            line += fmt::format(", {:.0f} {}/s",
+            text += fmt::format(", {:.0f} {}/s",
                                 static_cast<double>(count) / static_cast<double>(m_unit) / spent.count(), m_what);
+        AddBytes(text, spent.count());
         if (count > 0) {
-            const double left = spent.count() / static_cast<double>(count) * static_cast<double>(m_total - count);
-            line += fmt::format(", {:.0f} s left", left);
+            const double left =
+                spent.count() / static_cast<double>(count) * static_cast<double>(m_total - std::min(count, m_total));
+            text += fmt::format(", {:.0f} s left", left);
         }
     } else {
-        line += fmt::format("{} {}, {:.0f} s", count / m_unit, m_what, spent.count());
+        text += fmt::format("{} {}", count / m_unit, m_what);
+        AddBytes(text, spent.count());
+        text += fmt::format(", {:.0f} s", spent.count());
     }
-    // Not wider than the terminal: a wrapped line could not be taken back.
-    const VDicomULong columns = VDicomConsole::GetColumns(DICOM_STDERR);
-    if (columns > 1)
-        line.resize(std::min<std::size_t>(line.size(), columns - 1 + 4));
-    Write(line);
+    // Not wider than the terminal: a wrapped line could not be taken back. The text is worth more than the bar.
+    const VDicomULong known = VDicomConsole::GetColumns(DICOM_STDERR);
+    const std::size_t columns = known > 1 ? known - 1 : kUsualColumns;
+    const std::size_t room = columns - std::min(columns, text.size());
+    if (m_total > 0 && room >= kShortestBar + 3) {
+        const std::size_t width = std::min(kLongestBar, room - 3);
+        const auto filled = static_cast<std::size_t>(static_cast<double>(std::min(count, m_total)) /
+                                                     static_cast<double>(m_total) * static_cast<double>(width));
+        bar = fmt::format("[{}{}] ", std::string(filled, '#'), std::string(width - filled, '.'));
+    }
+    Write("\r\033[K" + bar + text.substr(0, columns));
     m_shown = true;
 }
 

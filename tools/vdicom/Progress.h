@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace program {
@@ -20,12 +21,20 @@ public:
     /// Shows a second number in front: how many of `total` pieces are done.
     void Pieces(std::string_view what, std::uint64_t total);
 
+    /// How much there is to do, where that comes to be known later.
+    void Total(std::uint64_t total);
+    /// Shows how many bytes have gone, and how many a second.
+    void Bytes(std::uint64_t bytes) { m_bytes = bytes; }
+    /// Nothing is shown from now on.
+    void Off();
+
     /// Says how much is done. Cheap: the line is drawn ten times a second at most.
     void Done(std::uint64_t count, std::uint64_t pieces = 0);
     /// Takes the line away until the next Done.
     void Hide();
 
 private:
+    void AddBytes(std::string& line, double seconds) const;
     void Draw(std::uint64_t count, std::uint64_t pieces);
 
     using Clock = std::chrono::steady_clock;
@@ -34,6 +43,7 @@ private:
     std::uint64_t m_unit;
     std::string_view m_piece; ///< empty: there is no second number
     std::uint64_t m_pieces = 0;
+    std::uint64_t m_bytes = 0;
     Progress* m_outer; ///< the one whose line this one's takes
     bool m_active;
     bool m_shown = false;

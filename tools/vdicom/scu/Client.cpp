@@ -277,7 +277,10 @@ std::string Client::ConnectText(unsigned int code) const {
     default:
         break;
     }
-    return fmt::format("no connection: {}; {}", GetErrorText(code), next);
+    std::string reason = GetErrorText(code);
+    if (reason.ends_with('.'))
+        reason.pop_back();
+    return fmt::format("no connection: {}; {}", reason, next);
 }
 
 std::string Client::TimeoutText(unsigned char which) const {

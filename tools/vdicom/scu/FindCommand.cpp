@@ -49,6 +49,7 @@ public:
         : QueryClient(settings.peer, settings.query, Service::find), m_limit(settings.limit), m_out(out),
           m_progress("matches", 0) {
         if (settings.json) {
+            m_progress.Off();
             JsonOptions options;
             options.pretty = VDicomConsole::IsTerminal(DICOM_STDOUT) != 0;
             m_json.emplace(m_match, out, options, true);

@@ -50,7 +50,7 @@ struct GetSettings {
 class GetClient final : public RetrieveClient {
 public:
     GetClient(const GetSettings& settings, const Retrieval& retrieval, RetrieveReport& report, ObjectFolder& folder)
-        : RetrieveClient(settings.peer, settings.query, Service::get, report), m_retrieval(retrieval),
+        : RetrieveClient(settings.peer, settings.query, Service::get, report), m_retrieval(retrieval), m_report(report),
           m_incoming(folder) {}
 
     VDicomFile* OnReceiveTarget(unsigned char id, VDicomDS* command) override {
@@ -87,6 +87,8 @@ public:
         }
         if (nError != 0)
             m_incoming.Drop();
+        else if (m_incoming.IsArriving())
+            m_report.Arrived(length);
         RetrieveClient::OnReceive(nError, nType, buffer, length);
     }
 
@@ -115,6 +117,7 @@ protected:
 
 private:
     const Retrieval& m_retrieval;
+    RetrieveReport& m_report;
     std::size_t m_request = 0;
     IncomingObject m_incoming;
 };
@@ -138,7 +141,7 @@ std::vector<Retrieval> Plan(const GetSettings& settings, RetrieveReport& report,
         one.offers = OffersFor(settings.classes, kMostOffers, one.left);
         return {one};
     }
-    Inquiry inquiry(settings.peer, settings.query);
+    Inquiry inquiry(settings.peer, settings.query, !settings.json);
     const bool good = inquiry.Run();
     if (!inquiry.WasEstablished() || InterruptWatch::Count() > 0) {
         report.EndAssociation(good, inquiry);
@@ -170,9 +173,13 @@ int Get(const GetSettings& settings) {
         return kInputFailed;
     }
     const InterruptWatch watch;
-    RetrieveReport report(settings.peer, &folder);
+    RetrieveReport report(settings.peer, &folder, settings.json);
     std::string hint;
     const std::vector<Retrieval> retrievals = Plan(settings, report, hint);
+    std::size_t requests = 0;
+    for (const Retrieval& retrieval : retrievals)
+        requests += retrieval.requests.size();
+    report.Expect(requests);
     for (std::size_t i = 0; i < retrievals.size(); ++i) {
         GetClient client(settings, retrievals[i], report, folder);
         const bool good = client.Run();
@@ -182,7 +189,7 @@ int Get(const GetSettings& settings) {
         if (!good || InterruptWatch::Count() > 0)
             break;
     }
-    return report.Tell(settings.json, hint, {});
+    return report.Tell(hint, {});
 }
 
 } // namespace

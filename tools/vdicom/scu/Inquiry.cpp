@@ -29,8 +29,11 @@ std::string FirstUid(VDicomDS& match, VDicomULong tag, const Query& query) {
 
 } // namespace
 
-Inquiry::Inquiry(const Peer& peer, const Query& asked)
-    : QueryClient(peer, asked, Service::find), m_asked(asked), m_now(First(asked)), m_progress("objects found", 0) {}
+Inquiry::Inquiry(const Peer& peer, const Query& asked, bool withProgress)
+    : QueryClient(peer, asked, Service::find), m_asked(asked), m_now(First(asked)), m_progress("objects found", 0) {
+    if (!withProgress)
+        m_progress.Off();
+}
 
 // The unique keys alone: retrieval heeds no others.
 Query Inquiry::First(const Query& asked) {

@@ -17,7 +17,7 @@ namespace program {
 class Inquiry final : public QueryClient {
 public:
     /// @param asked what is to be fetched
-    Inquiry(const Peer& peer, const Query& asked);
+    Inquiry(const Peer& peer, const Query& asked, bool withProgress);
 
     /// What the archive has; empty: it did not tell the class of each of the objects.
     std::vector<Holding> Holdings() const;

@@ -43,9 +43,9 @@ struct MoveSettings {
 class MoveClient final : public RetrieveClient {
 public:
     /// @param receiver where the objects arrive; null: they go elsewhere
-    MoveClient(const MoveSettings& settings, RetrieveReport& report, const StoreReceiver* receiver)
+    MoveClient(const MoveSettings& settings, RetrieveReport& report, StoreReceiver* receiver)
         : RetrieveClient(settings.peer, settings.query, Service::move, report), m_destination(settings.destination),
-          m_receiver(receiver) {
+          m_receiver(receiver), m_report(report) {
         // What arrives at the receiver keeps this association alive: see Look.
         if (receiver)
             SetTimeout(DICOM_TIMEOUT_IDLE, 0);
@@ -69,6 +69,8 @@ protected:
     }
 
     void Look() override {
+        if (m_receiver)
+            m_report.Arrived(m_receiver->TakeBytes());
         if (!m_receiver || !IsWorking() || ThePeer().timeout == 0)
             return;
         const auto last = std::max(m_lastActivity, m_receiver->LastActivity());
@@ -80,7 +82,8 @@ private:
     using Clock = std::chrono::steady_clock;
 
     const std::string& m_destination;
-    const StoreReceiver* m_receiver;
+    StoreReceiver* m_receiver;
+    RetrieveReport& m_report;
     Clock::time_point m_lastActivity = Clock::now();
 };
 
@@ -103,14 +106,13 @@ int Move(const MoveSettings& settings) {
         }
     }
     const InterruptWatch watch;
-    RetrieveReport report(settings.peer, receiver ? &folder : nullptr);
+    RetrieveReport report(settings.peer, receiver ? &folder : nullptr, settings.json);
     MoveClient client(settings, report, receiver.get());
     const bool good = client.Run();
     if (receiver)
         receiver->Finish();
     report.EndAssociation(good, client);
     return report.Tell(
-        settings.json,
         fmt::format("does the peer know host and port of {}, and does something listen there?", settings.destination),
         fmt::format("does its entry for {} name this host and port?", settings.destination));
 }

@@ -74,6 +74,8 @@ public:
     VDicomFile* Begin(unsigned char context, VDicomDS& command, const char* syntaxUid, const std::string& sourceTitle);
     /// The object is here. @param data null: the message had none @return the status for the response
     unsigned short Finish(VDicomDS* data);
+    /// Whether one has been announced that has not come yet.
+    bool IsArriving() const { return m_isArriving; }
     /// It will not come; nothing is left.
     void Drop();
 

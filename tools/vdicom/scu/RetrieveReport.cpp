@@ -27,15 +27,36 @@ SubOperations Sum(const SubOperations& one, const SubOperations& other) {
 
 } // namespace
 
-RetrieveReport::RetrieveReport(const Peer& peer, const ObjectFolder* folder)
-    : m_peer(peer), m_folder(folder), m_progress("objects", 0) {}
+RetrieveReport::RetrieveReport(const Peer& peer, const ObjectFolder* folder, bool json)
+    : m_peer(peer), m_folder(folder), m_json(json), m_progress("objects", 0) {
+    if (json)
+        m_progress.Off();
+}
 
 void RetrieveReport::Take(const SubOperations& numbers) {
     // Peers leave numbers out of the final response now and then.
     if (numbers.completed + numbers.failed + numbers.warning + numbers.remaining > 0)
         m_numbers = numbers;
-    m_progress.Done(m_ended.completed + m_ended.failed + m_ended.warning + m_numbers.completed + m_numbers.failed +
-                    m_numbers.warning);
+    ShowProgress();
+}
+
+void RetrieveReport::Arrived(std::uint64_t bytes) {
+    if (bytes == 0)
+        return;
+    m_arrived += bytes;
+    m_progress.Bytes(m_arrived);
+    ShowProgress();
+}
+
+// Some peers send no response before the last one; then the folder alone knows.
+void RetrieveReport::ShowProgress() {
+    const SubOperations sum = Sum(m_ended, m_numbers);
+    std::uint64_t done = std::uint64_t{sum.completed} + sum.failed + sum.warning;
+    if (m_folder)
+        done = std::max(done, m_folder->CountWritten() + m_folder->CountKept() + m_folder->CountFailed());
+    if (m_requests == 1 && m_numbers.remaining > 0)
+        m_progress.Total(std::uint64_t{sum.completed} + sum.failed + sum.warning + sum.remaining);
+    m_progress.Done(done);
 }
 
 void RetrieveReport::EndRequest(const std::vector<std::string>& failedUids) {
@@ -182,12 +203,12 @@ std::string RetrieveReport::Line() const {
     return line;
 }
 
-int RetrieveReport::Tell(bool json, const std::string& hint, const std::string& missingHint) {
+int RetrieveReport::Tell(const std::string& hint, const std::string& missingHint) {
     m_progress.Hide();
     const std::string missing = MissingText(missingHint);
     SayOutcome(hint, missing);
     Output out(DICOM_STDOUT);
-    out.Put(json ? Json(missing) : Line());
+    out.Put(m_json ? Json(missing) : Line());
     out.Put('\n');
     if (!out.Flush())
         return ReportOutputFailure(out);

@@ -24,7 +24,12 @@ struct SubOperations {
 class RetrieveReport {
 public:
     /// @param folder where the objects arrive; null: they go elsewhere
-    RetrieveReport(const Peer& peer, const ObjectFolder* folder);
+    RetrieveReport(const Peer& peer, const ObjectFolder* folder, bool json);
+
+    /// How many requests there will be. One tells how many objects remain.
+    void Expect(std::size_t requests) { m_requests = requests; }
+    /// Bytes of objects have arrived, whole or not.
+    void Arrived(std::uint64_t bytes);
 
     /// A response to the request under way.
     void Take(const SubOperations& numbers);
@@ -39,18 +44,22 @@ public:
     /// Says how it ended. @param hint said when some failed; may be empty @param missingHint what to look at when the
     /// peer says it sent more than arrived; may be empty
     /// @return the exit status
-    int Tell(bool json, const std::string& hint, const std::string& missingHint);
+    int Tell(const std::string& hint, const std::string& missingHint);
 
 private:
     void SayOutcome(const std::string& hint, const std::string& missing) const;
     std::string MissingText(const std::string& hint) const;
     std::string UnwrittenText() const;
     bool IsWell() const;
+    void ShowProgress();
     std::string Json(const std::string& missing) const;
     std::string Line() const;
 
     const Peer& m_peer;
     const ObjectFolder* m_folder;
+    bool m_json;
+    std::size_t m_requests = 1;
+    std::uint64_t m_arrived = 0;
     SubOperations m_ended; ///< sums of the requests that have ended
     SubOperations m_numbers;
     std::vector<std::string> m_failedUids;

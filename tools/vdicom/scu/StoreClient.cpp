@@ -59,30 +59,33 @@ bool StoreClient::Prepare(Ready& ready, StoreFile& file) {
     const ObjectKind& kind = m_job.Kinds()[file.kind];
     const StoreContext* context = ChooseContext(m_accepted, kind);
     if (!context) {
-        GiveUp(file, {}, RefusalOf(kind));
+        GiveUp(ready.position, {}, RefusalOf(kind));
         return false;
     }
     unsigned int code = ready.ds.LoadDS(file.path.c_str(), 0);
     if (code != DICOM_OK) {
-        GiveUp(file, {}, LoadFailure(ready.ds, code));
+        GiveUp(ready.position, {}, LoadFailure(ready.ds, code));
         return false;
     }
     ready.names = NamesOf(ready.ds);
     ready.context = context->id;
     code = ready.ds.FixBadElements();
     if (code != DICOM_OK)
-        GiveUp(file, ready.names, GetErrorText(code));
+        GiveUp(ready.position, ready.names, GetErrorText(code));
     else if (ready.names.classUid != kind.classUid || ready.names.syntaxUid != kind.syntaxUid)
-        GiveUp(file, ready.names, "the file has changed since it was first looked at; send it again");
+        GiveUp(ready.position, ready.names, "the file has changed since it was first looked at; send it again");
     else if (IsUncompressed(kind.syntaxUid) && HasEncapsulatedPixelData(ready.ds))
-        GiveUp(file, ready.names, "its pixel data are compressed, and it names a transfer syntax without compression");
+        GiveUp(ready.position, ready.names,
+               "its pixel data are compressed, and it names a transfer syntax without compression");
     else
         return true;
     return false;
 }
 
-void StoreClient::GiveUp(StoreFile& file, const ObjectNames& names, const std::string& text) {
+void StoreClient::GiveUp(const StoreJob::Position& position, const ObjectNames& names, const std::string& text) {
+    StoreFile& file = m_job.FileAt(position);
     file.isOver = true;
+    m_job.Skipped(position, m_job.RoundsFrom(position));
     m_job.Report().Failed(file.path, names, text, 0);
 }
 
@@ -121,7 +124,7 @@ void StoreClient::SendNext() {
     if (code == DICOM_OK)
         return;
     // The command may be out without its data set: this association is of no more use.
-    GiveUp(m_job.FileAt(ready.position), ready.names, fmt::format("it cannot be encoded: {}", GetErrorText(code)));
+    GiveUp(ready.position, ready.names, fmt::format("it cannot be encoded: {}", GetErrorText(code)));
     m_wantsAnother = true;
     Fail(GetErrorText(code));
 }
@@ -169,6 +172,7 @@ void StoreClient::TakeStatus(StoreFile& file, unsigned short status) {
         break;
     default:
         file.isOver = true;
+        m_job.Skipped(m_slots[m_sending].position, m_job.RoundsFrom(m_slots[m_sending].position) - 1);
         m_job.Report().Failed(file.path, names, Text(Service::store, status), status);
         break;
     }

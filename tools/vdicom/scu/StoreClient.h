@@ -38,7 +38,7 @@ private:
     bool Prepare(Ready& ready, StoreFile& file);
     void SendNext();
     void TakeStatus(StoreFile& file, unsigned short status);
-    void GiveUp(StoreFile& file, const ObjectNames& names, const std::string& text);
+    void GiveUp(const StoreJob::Position& position, const ObjectNames& names, const std::string& text);
     std::string RefusalOf(const ObjectKind& kind);
 
     StoreJob& m_job;

@@ -5,6 +5,8 @@
 
 #include "VDicomMessageLoop.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <chrono>
 
@@ -21,6 +23,8 @@ StoreJob::StoreJob(const StoreSettings& settings, StoreList& list, StoreReport& 
     : m_settings(settings), m_list(list), m_report(report), m_plan(list.Kinds()),
       m_progress("MB", list.Bytes() * settings.rounds, kMegabyte) {
     m_progress.Pieces("files", list.Files().size() * settings.rounds);
+    if (report.IsJson())
+        m_progress.Off();
 }
 
 void StoreJob::Run() {
@@ -49,7 +53,8 @@ bool StoreJob::RunAssociation() {
         if (m_position.round != before.round || m_position.file != before.file)
             tries = 0;
         if (client.LossKind() != Client::Loss::connection || tries >= m_settings.retries || !WaitForRetry(tries)) {
-            ReportRest(client.Failure());
+            const bool hasWaited = client.LossKind() == Client::Loss::connection && InterruptWatch::Count() > 0;
+            ReportRest(fmt::format("{}{}", hasWaited ? "interrupted; " : "", client.Failure()));
             return false;
         }
         ++tries;
@@ -96,6 +101,11 @@ void StoreJob::Answered(const Position& position) {
     m_position = position;
     Step(m_position);
     m_progress.Done(m_doneBytes, m_doneFiles);
+}
+
+void StoreJob::Skipped(const Position& position, std::uint64_t rounds) {
+    m_doneFiles += rounds;
+    m_doneBytes += m_list.Files()[position.file].bytes * rounds;
 }
 
 void StoreJob::ShowProgress(std::uint64_t sent) { m_progress.Done(m_doneBytes + sent, m_doneFiles); }

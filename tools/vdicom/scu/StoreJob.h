@@ -42,6 +42,9 @@ public:
     /// The first file that no response has come for.
     const Position& FirstUnanswered() const { return m_position; }
     void Answered(const Position& position);
+    /// A file will not be sent any more, in this many rounds; it is no work that is left.
+    void Skipped(const Position& position, std::uint64_t rounds);
+    std::uint64_t RoundsFrom(const Position& position) const { return m_settings.rounds - position.round; }
     /// Shows how far the work is. @param sent bytes of the file that is under way
     void ShowProgress(std::uint64_t sent);
     /// @}

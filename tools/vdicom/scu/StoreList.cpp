@@ -44,6 +44,8 @@ std::string LoadFailure(const VDicomDS& ds, unsigned int code) {
 bool StoreList::Scan(const std::vector<std::string>& arguments, StoreReport& report) {
     m_ds.SetLoadLimit(kSopInstance);
     Progress progress("files found", 0);
+    if (report.IsJson())
+        progress.Off();
     bool good = true;
     for (const std::string& argument : arguments) {
         const bool isFolder = IsFolder(argument);

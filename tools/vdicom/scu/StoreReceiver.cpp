@@ -30,8 +30,8 @@ StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
     SetLargestPDU(std::max<VDicomULong>(receiver.Settings().maxPdu, 1 << 20));
 }
 
-void StoreReceiverConnection::OnReceive(int nError, unsigned char, char*, VDicomULong) {
-    m_receiver.NoteActivity();
+void StoreReceiverConnection::OnReceive(int nError, unsigned char, char*, VDicomULong length) {
+    m_receiver.NoteActivity(nError == 0 && m_incoming.IsArriving() ? length : 0);
     if (nError == 0)
         return;
     IncomingObject::Request request;

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace program {
@@ -53,7 +54,12 @@ public:
 
     /// When something arrived last.
     std::chrono::steady_clock::time_point LastActivity() const { return m_lastActivity; }
-    void NoteActivity() { m_lastActivity = std::chrono::steady_clock::now(); }
+    /// Bytes that have arrived since the last call.
+    std::uint64_t TakeBytes() { return std::exchange(m_bytes, 0); }
+    void NoteActivity(std::uint64_t bytes) {
+        m_lastActivity = std::chrono::steady_clock::now();
+        m_bytes += bytes;
+    }
 
     const Peer& Settings() const { return m_peer; }
     const VDicomAssociatePolicy& Policy() const { return m_policy; }
@@ -66,6 +72,7 @@ private:
     ObjectFolder& m_folder;
     VDicomAssociatePolicy m_policy;
     std::chrono::steady_clock::time_point m_lastActivity;
+    std::uint64_t m_bytes = 0;
     std::vector<std::unique_ptr<StoreReceiverConnection>> m_connections;
 };
 

@@ -29,6 +29,8 @@ public:
     /// Why there is no association any more.
     void Lost(const Peer& peer, const std::string& text);
 
+    /// Whether standard output gets an object that nothing may be drawn into.
+    bool IsJson() const { return m_json; }
     std::uint64_t CountStored() const { return m_stored; }
     std::uint64_t CountStoredBytes() const { return m_bytes; }
     bool AllWell() const { return m_failed == 0 && m_notSent == 0 && m_error.empty(); }
