@@ -10,13 +10,19 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 using namespace vdicom;
 
 namespace {
 
-constexpr const char* kSyntaxes[] = {"1.2.840.10008.1.2",      "1.2.840.10008.1.2.1",    "1.2.840.10008.1.2.2",
-                                     "1.2.840.10008.1.2.1.99", "1.2.840.10008.1.2.4.70", nullptr};
+constexpr const char* kSyntaxes[] = {"1.2.840.10008.1.2",
+                                     "1.2.840.10008.1.2.1",
+                                     "1.2.840.10008.1.2.2",
+                                     "1.2.840.10008.1.2.1.99",
+                                     "1.2.840.10008.1.2.4.70",
+                                     nullptr,
+                                     ""};
 
 void Require(bool holds, const char* what) {
     if (holds)
@@ -25,10 +31,22 @@ void Require(bool holds, const char* what) {
     std::abort();
 }
 
+/// A block of the heap that ends with the text, as in an association.
+std::unique_ptr<char[]> CopyOf(const char* text) {
+    if (text == nullptr)
+        return nullptr;
+    const std::size_t size = std::strlen(text) + 1;
+    std::unique_ptr<char[]> copy(new char[size]);
+    std::memcpy(copy.get(), text, size);
+    return copy;
+}
+
 /// One end of a connection: everything that it receives goes out again, to another one, once.
 class Peer : public PDataReceiver, public UpperLayerSteps {
 public:
-    Peer(const char* syntax, bool echoes) : m_assembler(nullptr), m_syntax(syntax), m_echoes(echoes) {
+    Peer(const char* syntax, bool echoes)
+        : m_assembler(nullptr), m_syntaxBlock(CopyOf(syntax)), m_abstractBlock(CopyOf("1.2")),
+          m_syntax(m_syntaxBlock.get()), m_echoes(echoes) {
         m_receiver.SetLargest(VDicomULong{1} << 20);
         m_assembler.limits.inflated = VDicomUInt64{1} << 20;
     }
@@ -68,7 +86,9 @@ public:
         return true;
     }
     const char* TransferSyntaxOf(unsigned char contextId) override { return contextId == 0 ? nullptr : m_syntax; }
-    const char* AbstractSyntaxOf(unsigned char contextId) override { return contextId == 0 ? nullptr : "1.2"; }
+    const char* AbstractSyntaxOf(unsigned char contextId) override {
+        return contextId == 0 ? nullptr : m_abstractBlock.get();
+    }
 
     bool ReceiveMessage(unsigned char contextId, VDicomDS& command, VDicomDS* data) override {
         ++messages;
@@ -136,6 +156,7 @@ private:
     PDataAssembler m_assembler;
     UpperLayer m_layer;
     Pdu m_pdu;
+    std::unique_ptr<char[]> m_syntaxBlock, m_abstractBlock;
     const char* m_syntax;
     bool m_echoes;
 };

@@ -4,6 +4,7 @@
 #include "Guarded.h"
 #include "Inflater.h"
 #include "MessageSyntax.h"
+#include "VRTraits.h"
 
 namespace vdicom {
 
@@ -19,8 +20,18 @@ bool DataFollows(VDicomDS& command) {
     return command.FindGetValue(nullptr, kDataSetType, kShort, &type, sizeof type) != 0 && type != kNoDataSet;
 }
 
-bool SetText(VDicomDS& dataSet, VDicomULong tag, const char* text) {
-    return text == nullptr || dataSet.FindSetValue(nullptr, tag, 0, text, 1) != 0;
+// Whatever the peer put there with another VR gives way: a text is no value of it.
+bool SetUID(VDicomDS& dataSet, VDicomULong tag, const char* uid) {
+    if (uid == nullptr)
+        return true;
+    DICOMELEMENT* e = dataSet.FindFirstElement(nullptr, tag, 1);
+    while (e != nullptr) {
+        DICOMELEMENT* next = dataSet.FindNextElement(e, 1);
+        if (e->nVR != vr::UI)
+            dataSet.DeleteElement(e);
+        e = next;
+    }
+    return dataSet.FindSetValue(nullptr, tag, vr::UI, uid, 1) != 0;
 }
 
 } // namespace
@@ -160,7 +171,7 @@ unsigned int PDataAssembler::Load(const char* transferSyntax, const char* abstra
         }
         unsigned int code = m_data.LoadDS(stream, 0, syntax.flags & kEncodingBits);
         if (code == DICOM_OK &&
-            (!SetText(m_data, kTransferSyntaxUID, transferSyntax) || !SetText(m_data, kMediaClass, abstractSyntax)))
+            (!SetUID(m_data, kTransferSyntaxUID, transferSyntax) || !SetUID(m_data, kMediaClass, abstractSyntax)))
             code = DICOM_ERROR_WRITE;
         if (code == DICOM_OK && syntax.encapsulated)
             m_data.SetTransferSyntaxUID(transferSyntax);

@@ -189,6 +189,46 @@ TEST_F(HostilePeerTest, OneByteAtATime) {
     EXPECT_EQ(peer.received[0], 2);
 }
 
+/// Notes the transfer syntax that a received data set names.
+template <class Base> class Naming : public Base {
+public:
+    void OnReceiveCStoreRequest(unsigned char, unsigned short, const char*, const char*, unsigned short, const char*,
+                                unsigned short, VDicomDS* data) override {
+        char uid[65] = "none";
+        data->FindGetValue(nullptr, 0x00020010, 5, uid, sizeof uid);
+        this->Note(uid, 0);
+    }
+};
+/// Accepts with a transfer syntax that is empty.
+class Empty : public Naming<Acceptor> {
+public:
+    void OnReceiveAssociateRequest(VDicomAssociate*) override {
+        VDicomAssociate accept(0);
+        accept.AddPresentation(1, 0, kCT);
+        accept.AddTransfer(1, "");
+        SendAssociateAccept(&accept);
+    }
+};
+
+// A peer's group 0002: a text for (0002,0010) must not be read as a date, where it is shorter than one.
+TEST_F(NetworkTest, TransferSyntaxesWithAForeignVR) {
+    const Bytes message = Value(1, 3, Message(vdicom::Command::cStoreRequest, true)) +
+                          Value(1, 2, "0200 1000 'DT' 0800 '20070115'"_bytes);
+    const auto* bytes = reinterpret_cast<const char*>(message.data());
+    const auto size = static_cast<VDicomULong>(message.size());
+    Server<Naming<Acceptor>> server;
+    Server<Empty> emptyServer;
+    ASSERT_EQ(server.Start() + emptyServer.Start(), DICOM_OK);
+    Requestor sender;
+    Naming<Requestor> taker;
+    ASSERT_EQ(sender.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_OK);
+    ASSERT_EQ(taker.Connect(nullptr, 0, "127.0.0.1", emptyServer.port), DICOM_OK);
+    ASSERT_TRUE(RunUntil([&] { return sender.IsAssociated() + taker.IsAssociated() == 2; }));
+    EXPECT_EQ(sender.SendRaw(bytes, size) + emptyServer.clients[0]->SendRaw(bytes, size), DICOM_OK);
+    EXPECT_TRUE(RunUntil([&] { return server.clients[0]->Has(loopback::kImplicit) && taker.Has("none"); }));
+    EXPECT_FALSE(taker.log.empty());
+}
+
 std::size_t CountDescriptors() {
     std::size_t count = 0;
     std::error_code error;

@@ -323,6 +323,44 @@ TEST(PData, MessagesAndFaults) {
     EXPECT_EQ(receiver.log, e);
 }
 
+TEST(PData, UidsTakeThePlaceOfWhateverIsThere) {
+    const Bytes valueOf[] = {"'DT' 0800 '20070115'"_bytes,        "'FD' 0800 0000000000000000"_bytes,
+                             "'UL' 0400 01000000"_bytes,          "'AT' 0400 01000000"_bytes,
+                             "'DA' 0800 '20070115'"_bytes,        "'LO' 0400 '1.2 '"_bytes,
+                             "'SQ' 0000 00000000"_bytes,          "'OB' 0000 02000000 0102"_bytes,
+                             "'UN' 0000 04000000 01020304"_bytes, "'UI' 0400 '1.2' 00"_bytes};
+    // Of exactly the text's size, as in the association; behind it stands nothing.
+    for (const std::string uid : {"", kImplicit}) {
+        const std::vector<char> block(uid.c_str(), uid.c_str() + uid.size() + 1);
+        for (const Bytes& value : valueOf) {
+            for (const Bytes& tag : {"0200 0200"_bytes, "0200 1000"_bytes}) {
+                Receiver receiver;
+                receiver.syntax = block.data();
+                receiver.onData = [&](VDicomDS& data) {
+                    for (const VDicomULong number : {0x00020002u, 0x00020010u}) {
+                        char text[65] = "*";
+                        DICOMELEMENT* e = data.FindFirstElement(nullptr, number, 1);
+                        ASSERT_NE(e, nullptr);
+                        EXPECT_EQ(e->nVR, vr::UI);
+                        EXPECT_EQ(data.FindNextElement(e, 1), nullptr);
+                        data.FindGetValue(nullptr, number, 5, text, sizeof text);
+                        EXPECT_EQ(number == 0x00020002u ? kAbstract : uid.empty() ? "*" : uid, text);
+                    }
+                };
+                for (const Bytes& set : {tag + value, tag + value + tag + valueOf[0]}) {
+                    Bytes pdu = "04 00 00000000 00000000 05 02"_bytes + set;
+                    pdu[5] = static_cast<unsigned char>(pdu.size() - 6);
+                    pdu[9] = static_cast<unsigned char>(pdu.size() - 10);
+                    PDataAssembler assembler(nullptr);
+                    Feed(assembler, receiver, CommandPdus(Command::cStoreRequest, true) + pdu);
+                    EXPECT_EQ(receiver.log, std::string("5: ") + kStore + " | ");
+                    receiver.log.clear();
+                }
+            }
+        }
+    }
+}
+
 TEST(PData, EveryLengthDamagedAndEveryCut) {
     const Bytes good =
         CommandPdus(Command::cStoreRequest, true, 40) +
