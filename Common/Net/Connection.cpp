@@ -71,13 +71,14 @@ unsigned int Connection::MakeWindow(platform::WindowHandle parent) {
     m_closing = m_finished = m_unusable = m_readPosted = m_readMissed = m_writePosted = false;
     for (Clock::time_point& deadline : m_deadlines)
         deadline = {};
-    m_window = platform::CreateMessageWindow("VDicomNet", parent);
+    m_window = m_queue.Prepare() ? platform::CreateMessageWindow("VDicomNet", parent) : platform::kNoWindow;
     if (m_window == platform::kNoWindow)
         return DICOM_ERROR_MEMORY;
     std::fill(std::begin(m_shown), std::end(m_shown), std::uintptr_t{0});
     platform::SetWindowSlot(m_window, objectSlot, reinterpret_cast<std::uintptr_t>(&m_net));
     platform::SetWindowSlot(m_window, serverSlot, parent);
     SetSocket(m_socket);
+    ShowQueue();
     StartTimer();
     return DICOM_OK;
 }

@@ -54,6 +54,7 @@ void Connection::OnReadEvent() {
 // Receives what is waiting. False: nothing new, or the application was told of a failure.
 bool Connection::TakeWaiting() {
     const PduReceiver::Space space = m_receiver.Room();
+    Show(bufferSlot, reinterpret_cast<std::uintptr_t>(m_receiver.Buffer())); // it may have moved
     if (space.size == 0) {
         FailReceiving(DICOM_ERROR_MEMORY);
         return false;
@@ -85,7 +86,7 @@ void Connection::Discard() {
 }
 
 void Connection::ShowReceiver() {
-    Show(heldSlot, m_receiver.Held());
+    Show(heldSlot, m_receiver.Arrived());
     Show(expectedSlot, m_receiver.Expected());
     Show(bufferSlot, reinterpret_cast<std::uintptr_t>(m_receiver.Buffer()));
 }
@@ -99,6 +100,7 @@ void Connection::Dispatch(const Pdu& pdu) {
         return;
     m_dispatching = false;
     m_receiver.Drop();
+    ShowReceiver();
 }
 
 void Connection::Receive(int error, unsigned char type, char* buffer, VDicomULong length) {

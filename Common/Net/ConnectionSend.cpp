@@ -155,7 +155,6 @@ void Connection::OnWriteEvent() {
     if (watch.Gone())
         return;
     m_writing = false;
-    ShowQueue();
 }
 
 // One notification for each PDU that is complete now.
@@ -172,6 +171,7 @@ void Connection::TellSent(const ByteSpan* spans, std::size_t count, std::size_t 
         const SendQueue::Progress progress = m_queue.Sent(done - offset);
         if (progress.counted == 0 && !progress.complete)
             return;
+        ShowQueue();
         const auto size = static_cast<VDicomULong>(progress.counted);
         if (progress.complete && debugFlags != 0) {
             _DICOMNETDEBUGINFOONSEND info{0, progress.type, size, copied ? m_sentBytes.data() + offset : nullptr};

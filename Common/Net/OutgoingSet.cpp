@@ -51,6 +51,12 @@ unsigned int OutgoingSet::Encode(VDicomDS* set, const Route& route) {
     return DICOM_OK;
 }
 
+void OutgoingSet::Drop() {
+    m_done = true;
+    m_bytes.Close(1);
+    m_ranges.clear();
+}
+
 unsigned int OutgoingSet::Write(VDicomDS& set, const Route& route) {
     const WireSyntax wire = WireSyntaxOf(route.command, route.transferSyntax);
     if (!route.command && !PixelsFit(set, wire, route.transferSyntax))
@@ -143,10 +149,8 @@ std::size_t OutgoingSet::Sent(std::size_t bytes, bool& complete) {
     if (complete) {
         m_sent = 0;
         m_done = !m_plan.Next(m_part);
-        if (m_done) {
-            m_bytes.Close(1);
-            m_ranges.clear();
-        }
+        if (m_done)
+            Drop();
     }
     return counted;
 }

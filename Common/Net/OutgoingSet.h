@@ -44,6 +44,8 @@ public:
     ///         DICOM_ERROR_UNSUPPORTED (the pixel data are not encoded as the transfer syntax says);
     ///         DICOM_ERROR_SIZE; DICOM_ERROR_OPEN, DICOM_ERROR_WRITE (temporary storage); codes of VDicomDS::SaveDS
     unsigned int Encode(VDicomDS* set, const Route& route);
+    /// Gives up what has not been sent, and its storage.
+    void Drop();
 
     /// Bytes of all PDUs.
     VDicomUInt64 TotalSize() const { return m_plan.TotalSize(); }

@@ -5,7 +5,7 @@
 /// dispatches the PDU that is done (one per notification) and calls Drop(). Bytes of later PDUs may have come along:
 /// when HasBytes() says so, the connection posts the read event to itself, since the socket has nothing to tell, and a
 /// close event waits until they are done with. While a notification runs, no further PDU is taken (no nested Next). The
-/// three numbers that the connection's window shows are Held(), Expected() and Buffer().
+/// three numbers that the connection's window shows are Arrived(), Expected() and Buffer().
 #pragma once
 
 #include "PduCodec.h"
@@ -48,6 +48,10 @@ public:
 
     bool HasBytes() const { return m_end != m_start; }
     std::size_t Held() const { return m_end - m_start; }
+    /// Bytes of the PDU that is arriving, without those of later PDUs; 0 before its header is looked at.
+    std::size_t Arrived() const {
+        return m_expected != 0 ? std::min(Held(), m_expected) : Held() < kPduHeader ? Held() : 0;
+    }
     /// Size of the PDU that is arriving; 0 while it is not known.
     std::size_t Expected() const { return m_expected; }
     unsigned char* Buffer() const { return m_buffer == nullptr ? nullptr : m_buffer + m_start; }

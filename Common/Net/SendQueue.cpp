@@ -10,6 +10,12 @@ SendQueue::~SendQueue() {
     delete m_spare;
 }
 
+bool SendQueue::Prepare() {
+    if (m_spare == nullptr)
+        m_spare = new (std::nothrow) OutgoingEntry;
+    return m_spare != nullptr;
+}
+
 std::unique_ptr<OutgoingEntry> SendQueue::Make() {
     OutgoingEntry* entry = m_spare;
     m_spare = nullptr;
@@ -22,6 +28,9 @@ void SendQueue::Keep(OutgoingEntry* entry) {
         return;
     }
     entry->bytes.reset();
+    entry->set.Drop();
+    entry->next = nullptr;
+    entry->total = entry->sent = 0;
     m_spare = entry;
 }
 
@@ -53,8 +62,10 @@ unsigned int SendQueue::AddSet(VDicomDS* set, const OutgoingSet::Route& route) {
     if (entry == nullptr)
         return DICOM_ERROR_MEMORY;
     const unsigned int code = entry->set.Encode(set, route);
-    if (code != DICOM_OK)
+    if (code != DICOM_OK) {
+        Keep(entry.release());
         return code;
+    }
     entry->total = entry->set.TotalSize();
     Append(std::move(entry));
     return DICOM_OK;
@@ -68,12 +79,12 @@ void SendQueue::DropLast() {
     (before == nullptr ? m_head : before->next) = nullptr;
     m_tail = before;
     m_queued -= last->total;
-    delete last;
+    Keep(last);
 }
 
 void SendQueue::Clear() {
     while (m_head != nullptr)
-        delete std::exchange(m_head, m_head->next);
+        Keep(std::exchange(m_head, m_head->next));
     m_tail = nullptr;
     m_queued = m_partial = 0;
 }

@@ -25,6 +25,9 @@ public:
     SendQueue(const SendQueue&) = delete;
     SendQueue& operator=(const SendQueue&) = delete;
 
+    /// Makes the empty entry that a queue without bytes shows; there always is one from then on. @return false: no
+    /// memory
+    bool Prepare();
     /// Copies the bytes of one PDU to the end. @return 0 or DICOM_ERROR_MEMORY
     unsigned int AddBytes(const void* bytes, std::size_t size);
     /// Encodes a set and appends it. @return as OutgoingSet::Encode
@@ -47,8 +50,9 @@ public:
     bool IsEmpty() const { return m_head == nullptr; }
     /// Bytes of PDUs that are not complete yet, whatever has been sent of the first.
     VDicomUInt64 Queued() const { return m_queued; }
-    const OutgoingEntry* Head() const { return m_head; }
-    const OutgoingEntry* Tail() const { return m_tail; }
+    /// The first and last entry; of an empty queue the one that is kept for the next bytes.
+    const OutgoingEntry* Head() const { return m_head != nullptr ? m_head : m_spare; }
+    const OutgoingEntry* Tail() const { return m_tail != nullptr ? m_tail : m_spare; }
 
 private:
     std::unique_ptr<OutgoingEntry> Make();
@@ -57,7 +61,7 @@ private:
 
     OutgoingEntry* m_head = nullptr;
     OutgoingEntry* m_tail = nullptr;
-    OutgoingEntry* m_spare = nullptr; ///< the last one that was finished, for the next
+    OutgoingEntry* m_spare = nullptr; ///< one that was finished, for the next; there whenever the queue is empty
     VDicomUInt64 m_queued = 0;
     VDicomUInt64 m_partial = 0; ///< sent of the PDU that is not complete
 };

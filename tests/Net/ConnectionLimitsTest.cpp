@@ -171,6 +171,44 @@ TEST_F(NetworkTest, AddressesOfAHost) {
     EXPECT_NE(VDicomNet::FindAddresses("no such host", addresses, sizeof addresses), DICOM_OK);
 }
 
+/// Notes what the window shows of the queue whenever something has been sent.
+class Showing : public Requestor {
+public:
+    void OnSend(int nError, unsigned char nType, VDicomULong nBytes) override {
+        Requestor::OnSend(nError, nType, nBytes);
+        const bool one = Slot(6) != 0 && Slot(6) == Slot(7);
+        shown += (one ? "1:" : "2:") + std::to_string(Slot(8)) + " ";
+    }
+    void OnSendExt(_DICOMNETDEBUGINFOONSEND* info) override { OnSend(info->nError, info->nType, info->nBytes); }
+    std::uintptr_t Slot(int slot) const { return vdicom::platform::GetWindowSlot(GetWindow(), slot); }
+    std::string shown;
+};
+
+TEST_F(NetworkTest, WindowShowsTheQueueInNotifications) {
+    Server<Acceptor> server;
+    Showing client;
+    ASSERT_EQ(server.Start(), DICOM_OK);
+    ASSERT_EQ(client.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_OK);
+    const std::uintptr_t first = client.Slot(6);
+    EXPECT_NE(first, 0u) << "the empty record";
+    EXPECT_EQ(client.Slot(7), first);
+    EXPECT_NE(vdicom::platform::GetWindowSlot(server.GetWindow(), 6), 0u);
+    ASSERT_TRUE(RunUntil([&] { return client.IsAssociated() != 0; }));
+    EXPECT_EQ(client.Slot(6), first) << "kept for the next";
+    VDicomDS set;
+    for (const bool debug : {false, true}) {
+        client.SetDebugMode(debug ? 1 : 0);
+        client.shown.clear();
+        client.SendRaw("\x08\0\0\0\0\1\0", 7);
+        client.SendRaw("\x08\0\0\0\0\2\0\0", 8);
+        client.SendRaw("\x08\0\0\0\0\3\0\0\0", 9);
+        EXPECT_EQ(client.SendData(0u, 5, &set), DICOM_ERROR_PARAMETER);
+        Settle();
+        EXPECT_EQ(client.shown, "2:17 1:9 1:0 ");
+        EXPECT_NE(client.Slot(7), 0u);
+    }
+}
+
 TEST_F(ConnectionTest, WindowAndItsMessages) {
     using namespace vdicom::platform;
     Associate();
@@ -186,13 +224,32 @@ TEST_F(ConnectionTest, WindowAndItsMessages) {
     EXPECT_EQ(GetWindowSlot(window, 8), 7u);
     EXPECT_EQ(client.GetQueueSend(), 7u);
     Settle();
-    EXPECT_EQ(GetWindowSlot(window, 6), 0u);
     EXPECT_EQ(GetWindowSlot(window, 8), 0u);
     client.SendRaw("\4\0\0\0\1\0\0", 7);
     Settle();
     EXPECT_EQ(GetWindowSlot(Accepted().GetWindow(), 3), 7u) << "received";
     EXPECT_EQ(GetWindowSlot(Accepted().GetWindow(), 4), 262u) << "expected";
-    EXPECT_NE(GetWindowSlot(Accepted().GetWindow(), 5), 0u);
+    // Counted is what has arrived of one PDU, nothing when it is done with; the buffer shown is the one there is.
+    const struct {
+        Bytes sent;
+        std::size_t held, expected;
+    } steps[] = {{Bytes(255, 0), 0, 0},
+                 {"08 00 00000002 00"_bytes, 7, 8},
+                 {"00 08 00"_bytes, 2, 0},
+                 {"00000004 00000000 08"_bytes, 1, 0},
+                 {"00 00200000"_bytes + Bytes(2 << 20, 0), 0, 0},
+                 {"08 00 00000002 0000"_bytes, 0, 0}};
+    for (const auto& step : steps) {
+        client.SendRaw(reinterpret_cast<const char*>(step.sent.data()), static_cast<VDicomULong>(step.sent.size()));
+        Settle();
+        EXPECT_EQ(GetWindowSlot(Accepted().GetWindow(), 3), step.held) << step.sent.size();
+        EXPECT_EQ(GetWindowSlot(Accepted().GetWindow(), 4), step.expected) << step.sent.size();
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): slots hold numbers
+        const auto* buffer = reinterpret_cast<const unsigned char*>(GetWindowSlot(Accepted().GetWindow(), 5));
+        ASSERT_NE(buffer, nullptr);
+        EXPECT_TRUE(std::equal(step.sent.end() - static_cast<std::ptrdiff_t>(step.held), step.sent.end(), buffer));
+        EXPECT_GE(*buffer, 0) << "freed memory";
+    }
     // Messages of nobody's, a write event without anything to be written, and the close of the socket.
     client.log.clear();
     for (const unsigned int event : {0x02u, 0x01u, 0xDC00u, 0x04u})
