@@ -69,6 +69,7 @@ unsigned int Connection::MakeWindow(platform::WindowHandle parent) {
     m_queue.Clear();
     m_layer.Close();
     m_closing = m_finished = m_unusable = m_readPosted = m_readMissed = m_writePosted = false;
+    m_closeError = 0;
     for (Clock::time_point& deadline : m_deadlines)
         deadline = {};
     m_window = m_queue.Prepare() ? platform::CreateMessageWindow("VDicomNet", parent) : platform::kNoWindow;

@@ -62,8 +62,8 @@ bool Connection::TakeWaiting() {
     std::size_t done = 0;
     const int error = platform::ReceiveFrom(m_socket, space.data, space.size, done);
     if (error != 0) {
-        // What broke a connection that is closing is told with the close.
-        if (error != platform::kSocketWouldBlock && !m_closing)
+        // What broke a connection that is closing is mostly told with the close.
+        if (error != platform::kSocketWouldBlock && m_closeError == 0)
             FailReceiving(VDicomNet::GetError(static_cast<VDicomULong>(error)));
         return false;
     }

@@ -189,6 +189,54 @@ TEST_F(HostilePeerTest, OneByteAtATime) {
     EXPECT_EQ(peer.received[0], 2);
 }
 
+/// Writes down failures of the connection with all that they are told with.
+class Failing : public Recorder {
+public:
+    void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length) override {
+        Note("receive", nError);
+        EXPECT_EQ(nType, 0);
+        EXPECT_EQ(buffer, nullptr);
+        EXPECT_EQ(length, 0u);
+    }
+    void OnSend(int nError, unsigned char nType, VDicomULong nBytes) override {
+        Note("send", nError);
+        EXPECT_EQ(nType, 0);
+        EXPECT_EQ(nBytes, 0u);
+    }
+};
+
+// The peer resets the connection, and that is noticed by the next operation on the socket: whichever it is.
+TEST_F(NetworkTest, FailuresOfTheSocketAreTold) {
+    using namespace vdicom::platform;
+    const struct {
+        unsigned int event; ///< that comes first
+        const char* told;
+        int closed;
+    } rows[] = {{kReadEvent, "receive 36", 0}, {kWriteEvent, "send 36", 0}, {kCloseEvent, "receive 36", 1}};
+    for (const auto& row : rows) {
+        Server<Failing> server;
+        ASSERT_EQ(server.Start(), DICOM_OK);
+        RawPeer peer(server.port);
+        ASSERT_TRUE(RunUntil([&] { return server.clients.size() == 1; }));
+        Settle();
+        Failing& connection = *server.clients[0];
+        const std::uintptr_t socket = GetWindowSlot(connection.GetWindow(), 0);
+        SelectSocketEvents(static_cast<SocketHandle>(socket), 0, 0, 0);
+        const SendPart unread{reinterpret_cast<const unsigned char*>("x"), 1};
+        std::size_t done = 0;
+        ASSERT_EQ(SendTo(static_cast<SocketHandle>(socket), &unread, 1, done), 0);
+        peer.Close();
+        if (row.event == kWriteEvent)
+            connection.SendRaw("x", 1);
+        else
+            PostToWindow(connection.GetWindow(), DICOM_NET_MESSAGE, socket, static_cast<std::intptr_t>(row.event));
+        Settle();
+        EXPECT_EQ(connection.log, std::vector<std::string>{row.told});
+        EXPECT_EQ(server.closed, row.closed);
+        EXPECT_EQ(server.lastError, 0);
+    }
+}
+
 /// Notes the transfer syntax that a received data set names.
 template <class Base> class Naming : public Base {
 public:
