@@ -185,7 +185,8 @@ private:
             m_ids.emplace(context.abstractSyntax.View(), context.id);
         }
         const auto found = m_ids.find(TrimmedText(uid));
-        return found == m_ids.end() ? nullptr : m_out.Find(found->second);
+        // An ID of 0 is none, though a peer may have proposed it.
+        return found == m_ids.end() || found->second == 0 ? nullptr : m_out.Find(found->second);
     }
 
     static unsigned int Whole(ByteSpan body, Title& text) {

@@ -68,6 +68,8 @@ std::string Content(const VDicomAssociate& a) {
         if (a.IsRoleSelect(id))
             text += std::string("role") + static_cast<char>('0' + a.GetUserRole(id)) +
                     static_cast<char>('0' + a.GetProviderRole(id));
+        if (a.GetLengthExtended(id) != 0)
+            text += "+" + std::to_string(a.GetLengthExtended(id));
     }
     return text;
 }
@@ -79,7 +81,7 @@ TEST(Associate, RequestIsDecodedAndEncoded) {
     ASSERT_EQ(Decode(request, kRequest, nullptr, false), 0u);
     EXPECT_EQ(request.IsRequest(), 1u);
     EXPECT_EQ(Content(request), "ARCHIVE<MODALITY 1.2.840.10008.3.1.1.1 1=01.2.840.10008.1.1(1.2.840.10008.1.2) "
-                                "3=2551.2.840.10008.5.1.4.1.1.2(1.2.840.10008.1.2.1 1.2.840.10008.1.2)role01");
+                                "3=2551.2.840.10008.5.1.4.1.1.2(1.2.840.10008.1.2.1 1.2.840.10008.1.2)role01+6");
     EXPECT_EQ(request.GetMaxLength(), 32768u);
     EXPECT_STREQ(request.GetImplementClass(), "1.2.3");
     EXPECT_STREQ(request.GetImplementVersion(), "TEST_1");
@@ -130,6 +132,14 @@ TEST(Associate, FieldsAsPeersWriteThem) {
          "1111111111111111111111111111111111111111111111111111111111111111()"},
         {"a role for a class that is not proposed", kHeader + "50 00 000A 54 00 0006 0002 '12' 01 01"_bytes, 0,
          "ARCHIVE<MODALITY 1.2.840.10008.3.1.1.1"},
+        {"a role and extended negotiation of a context 0",
+         kHeader + "20 00 000A 00 00 00 00 30 00 0002 '12'"
+                   "50 00 0013 54 00 0006 0002 '12' 01 01 56 00 0005 0002 '12' 01"_bytes,
+         0, "ARCHIVE<MODALITY 1.2.840.10008.3.1.1.1 0=012()"},
+        {"a role and extended negotiation of a class with two contexts",
+         kHeader + "20 00 000A 05 00 00 00 30 00 0002 '12' 20 00 000A 03 00 00 00 30 00 0002 '12'"
+                   "50 00 0013 54 00 0006 0002 '12' 01 01 56 00 0005 0002 '12' 01"_bytes,
+         0, "ARCHIVE<MODALITY 1.2.840.10008.3.1.1.1 5=012()role11+1 3=012()"},
         {"a role whose UID is longer than it", kHeader + "50 00 000A 54 00 0006 0003 '12' 01 01"_bytes,
          DICOM_ERROR_ITEM_LENGTH, nullptr},
         {"extended negotiation without a UID", kHeader + "50 00 0005 56 00 0001 00"_bytes, DICOM_ERROR_ITEM_LENGTH,
