@@ -47,7 +47,7 @@ struct _DICOMNETDEBUGINFOONSEND {
     int nError;                 ///< as OnSend
     unsigned char nType;        ///< as OnSend
     VDicomULong nBytes;         ///< as OnSend
-    const unsigned char* pData; ///< the `nBytes` bytes; null when nothing was sent
+    const unsigned char* pData; ///< the `nBytes` bytes; null when nothing was sent or there was no memory for a copy
 };
 
 /// Functions that the notifications of the same names are forwarded to, in the order of the virtual table; null: no one
@@ -208,8 +208,9 @@ public:
     /// @{
 
     /// Starts the network; comes before everything else, and may be called several times.
-    /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED (no socket library); DICOM_ERROR_SOCKET_VERSION (it has another
-    /// version than 2.0); DICOM_ERROR_MEMORY (the window class could not be registered)
+    /// @return 0; DICOM_ERROR_MEMORY (the window class could not be registered); DICOM_ERROR_SOCKET_NOT_STARTED (no
+    /// socket library); DICOM_ERROR_SOCKET_VERSION (it has another version than 2.0); DICOM_ERROR_SOCKET_SYSTEM or
+    /// another code of GetError (it cannot be started)
     static unsigned int StartUp();
     /// Ends what one StartUp started.
     /// @return 0; DICOM_ERROR_SOCKET_NOT_STARTED; DICOM_ERROR_SOCKET_CONNECTED (it was the last one and connections are
@@ -390,8 +391,8 @@ public:
     /// The PDUs' length is limited by the maximum length of the accept that holds, on both sides.
     /// @param id a presentation context that was accepted
     /// @return 0; DICOM_ERROR_PARAMETER (null; no such context, or it was rejected; a data set without transfer
-    /// syntax); DICOM_ERROR_UNSUPPORTED (the pixel data would have to be compressed or decompressed); DICOM_ERROR_SIZE;
-    /// codes of VDicomDS::SaveDS and of SendRaw
+    /// syntax; a peer's maximum length below 8); DICOM_ERROR_UNSUPPORTED (the pixel data would have to be compressed or
+    /// decompressed); DICOM_ERROR_SIZE; codes of VDicomDS::SaveDS and of SendRaw
     unsigned int SendData(unsigned int bCommand, unsigned char id, VDicomDS* ds);
     /// Sends a whole message. Sets (0000,0800) of the command: 0x0101 without data, else 0x0000.
     /// @param data null: none. @return as above; when the data set fails, the command was sent

@@ -44,14 +44,13 @@ constexpr ErrorRow kErrors[] = {
 };
 
 unsigned int Begin() {
-    if (const int error = platform::StartSockets(); error != 0) {
-        const unsigned int code = VDicomNet::GetError(static_cast<VDicomULong>(error));
-        return code == DICOM_ERROR_SOCKET_VERSION ? code : static_cast<unsigned int>(DICOM_ERROR_SOCKET_NOT_STARTED);
-    }
-    if (platform::RegisterMessageWindows(DICOM_NET_WINDOW_CLASS, &Connection::OnMessage))
+    if (!platform::RegisterMessageWindows(DICOM_NET_WINDOW_CLASS, &Connection::OnMessage))
+        return DICOM_ERROR_MEMORY;
+    const int error = platform::StartSockets();
+    if (error == 0)
         return DICOM_OK;
-    platform::StopSockets();
-    return DICOM_ERROR_MEMORY;
+    platform::UnregisterMessageWindows();
+    return VDicomNet::GetError(static_cast<VDicomULong>(error));
 }
 
 } // namespace

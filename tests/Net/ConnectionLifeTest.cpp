@@ -2,6 +2,7 @@
 // happens without memory.
 #include "CountedMemory.h"
 #include "LoopbackPair.h"
+#include "MessageLoop.h"
 #include "Socket.h"
 
 #include <gmock/gmock.h>
@@ -301,6 +302,12 @@ TEST_F(NetworkTest, MessageLoopsInsideNotifications) {
 
 TEST(ConnectionLife, ShutDownWaitsForTheLastConnection) {
     EXPECT_EQ(VDicomNet::ShutDown(), DICOM_ERROR_SOCKET_NOT_STARTED);
+    using namespace vdicom::platform;
+    ASSERT_TRUE(RegisterMessageWindows(DICOM_NET_WINDOW_CLASS,
+                                       [](WindowHandle, unsigned int, std::uintptr_t, std::intptr_t) {}));
+    EXPECT_EQ(VDicomNet::StartUp(), DICOM_ERROR_MEMORY) << "the class is there already";
+    EXPECT_EQ(VDicomNet::ShutDown(), DICOM_ERROR_SOCKET_NOT_STARTED);
+    EXPECT_TRUE(UnregisterMessageWindows());
     ASSERT_EQ(VDicomNet::StartUp(), DICOM_OK);
     ASSERT_EQ(VDicomNet::StartUp(), DICOM_OK);
     Server<Recorder> server;
