@@ -111,6 +111,68 @@ TEST(Associate, RequestIsDecodedAndEncoded) {
     EXPECT_EQ(length, 4u);
 }
 
+TEST(Associate, AcceptAsBytes) {
+    VDicomAssociate accept(0);
+    accept.SetVersion(0x0102);
+    accept.SetCalled("ARCHIVE");
+    accept.SetCalling("MODALITY");
+    accept.SetMaxLength(0, 8);
+    accept.AddPresentation(1, 0, "1.2.840.10008.1.1");
+    accept.AddTransfer(1, "1.2.840.10008.1.2");
+    accept.AddPresentation(3, 4, "1.2.840.10008.5.1.4.1.1.2");
+    accept.AddTransfer(3, "1.2.3");
+    accept.AddTransfer(3, "1.2.4");
+    // No abstract syntaxes, all transfer syntaxes, no user information.
+    const Bytes front =
+        Pdu("02 00 00000000 0102 0000"_bytes + Bytes(kHeader.begin() + 10, kHeader.end()) + kApplication +
+            "21 00 0019 01 00 00 00  40 00 0011 '1.2.840.10008.1.2'"
+            "21 00 0016 03 00 04 00  40 00 0005 '1.2.3' 40 00 0005 '1.2.4'"_bytes);
+    EXPECT_EQ(Encode(accept), front);
+    VDicomAssociate decoded(1);
+    EXPECT_EQ(Decode(decoded, front), 0u);
+    EXPECT_EQ(decoded.GetVersion(), 0x0102);
+    // User information is there for each of its items alone.
+    using A = VDicomAssociate;
+    const struct {
+        unsigned int (*set)(A& a);
+        Bytes item;
+    } rows[] = {
+        {[](A& a) { return a.SetMaxLength(1, 16384); }, "50 00 0008 51 00 0004 00004000"_bytes},
+        {[](A& a) { return a.SetImplementClass(1, "1.2"); }, "50 00 0007 52 00 0003 '1.2'"_bytes},
+        {[](A& a) { return a.SetAsyncOperations(1, 2, 3); }, "50 00 0008 53 00 0004 0002 0003"_bytes},
+        {[](A& a) { return a.SetRoleSelect(1, 1, 0, 1); },
+         "50 00 0019 54 00 0015 0011 '1.2.840.10008.1.1' 00 01"_bytes},
+        {[](A& a) { return a.SetExtended(1, kHeader.data(), 1); },
+         "50 00 0018 56 00 0014 0011 '1.2.840.10008.1.1' 01"_bytes},
+        {[](A& a) { return a.SetImplementVersion(1, "V"); }, "50 00 0005 55 00 0001 'V'"_bytes},
+        {[](A& a) { return a.AddUserInfo(0x5A, "", 0); }, "50 00 0004 5A 00 0000"_bytes},
+    };
+    for (const auto& row : rows) {
+        VDicomAssociate one(0);
+        EXPECT_EQ(Decode(one, front, &accept), 0u);
+        one.SetAbstract(1, "1.2.840.10008.1.1");
+        EXPECT_EQ(row.set(one), 0u);
+        EXPECT_EQ(Encode(one), Pdu(front + row.item));
+    }
+}
+
+TEST(Associate, NothingOlderStays) {
+    VDicomAssociate associate(1);
+    ASSERT_EQ(Decode(associate, kRequest), 0u);
+    const Bytes broken = kHeader + kApplication + kVerification + "50 00 0007 52 00 0003 '7.8' 60 00 0000"_bytes + kCT;
+    ASSERT_EQ(Decode(associate, broken), DICOM_ERROR_ITEM_TYPE);
+    EXPECT_EQ(Content(associate), "ARCHIVE<MODALITY 1.2.840.10008.3.1.1.1 1=01.2.840.10008.1.1(1.2.840.10008.1.2)");
+    EXPECT_STREQ(associate.GetImplementClass(), "7.8");
+    EXPECT_EQ(associate.IsMaxLength() + associate.IsAsyncOperations() + associate.IsImplementVersion(), 0u);
+    EXPECT_EQ(associate.GetUserInfoCount(), 0);
+    ASSERT_EQ(Decode(associate, kRequest), 0u);
+    associate.SetVersion(7);
+    EXPECT_EQ(associate.Reset(0), 0u);
+    EXPECT_EQ(Encode(associate), Encode(VDicomAssociate(0)));
+    EXPECT_EQ(associate.GetInvokedOperations() + associate.GetPerformedOperations(), 2);
+    EXPECT_EQ(std::string(associate.GetImplementClass()) + associate.GetImplementVersion(), "");
+}
+
 TEST(Associate, FieldsAsPeersWriteThem) {
     const struct {
         const char* what;
@@ -153,6 +215,19 @@ TEST(Associate, FieldsAsPeersWriteThem) {
         EXPECT_EQ(Decode(associate, one.bytes), one.code) << one.what;
         if (one.content != nullptr) {
             EXPECT_EQ(Content(associate), one.content) << one.what;
+        }
+    }
+    // Texts of 64 are the longest: implementation class and version, UIDs of roles and extended negotiation.
+    for (const unsigned char type : "52 55 54 56"_bytes) {
+        for (const unsigned char size : "40 41"_bytes) {
+            const Bytes uid = type % 2 != 0 || type == 0x52 ? Bytes() : Bytes{0, size};
+            const Bytes body = uid + Bytes(size, '1') + (type == 0x54 ? "01 01"_bytes : Bytes());
+            const auto length = static_cast<unsigned char>(body.size());
+            VDicomAssociate associate(1);
+            EXPECT_EQ(Decode(associate, kHeader + "50 00 00"_bytes + Bytes{static_cast<unsigned char>(length + 4)} +
+                                            Bytes{type, 0, 0, length} + body),
+                      size == 64 ? 0u : DICOM_ERROR_ITEM_LENGTH)
+                << int{type};
         }
     }
     VDicomAssociate version(1);
@@ -277,6 +352,8 @@ TEST(Associate, ArgumentsAndLimits) {
     EXPECT_EQ(Content(a), t64 + "<" + t64 + " 1 9=2001.2(1.2.4) 7=0()role10");
     EXPECT_EQ(a.FindAbstract("1.2"), 9u);
     EXPECT_EQ(a.FindAbstract("1.2 "), 0u);
+    a.AddPresentation(3, 0, "1.2");
+    EXPECT_EQ(a.FindAbstract("1.2"), 9u) << "the first";
     // A text stays where it is while others come and go.
     const char* kept = a.GetTransfer(9, 0);
     for (unsigned char id = 20; id < 120; ++id)

@@ -189,6 +189,24 @@ TEST_F(HostilePeerTest, OneByteAtATime) {
     EXPECT_EQ(peer.received[0], 2);
 }
 
+// The requestor is told once, by OnReceive, and what was read of the accept holds.
+TEST_F(NetworkTest, DamagedAccept) {
+    Server<Recorder> server;
+    Requestor client;
+    ASSERT_EQ(server.Start(), DICOM_OK);
+    ASSERT_EQ(client.Connect(nullptr, 0, "127.0.0.1", server.port), DICOM_OK);
+    ASSERT_TRUE(RunUntil([&] { return client.Has("connect") && server.clients.size() == 1; }));
+    Bytes accept = "02 00 0000005D 0001 0000"_bytes + Bytes(64, ' ') + "21 00 0015 01 00 00 00 40 00 000D"_bytes +
+                   "'1.2.840.10008' 21 00 0000"_bytes;
+    accept[5] = static_cast<unsigned char>(accept.size() - 6);
+    server.clients[0]->SendRaw(reinterpret_cast<const char*>(accept.data()), static_cast<VDicomULong>(accept.size()));
+    ASSERT_TRUE(RunUntil([&] { return client.log.size() > 1; }));
+    Settle();
+    EXPECT_EQ(client.log, (std::vector<std::string>{"connect", "error 18"}));
+    EXPECT_EQ(client.IsAssociated(), 1u);
+    EXPECT_STREQ(client.GetAssociate()->GetTransfer(1, 0), "1.2.840.10008");
+}
+
 /// Writes down failures of the connection with all that they are told with.
 class Failing : public Recorder {
 public:

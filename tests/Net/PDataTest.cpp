@@ -5,6 +5,7 @@
 #include "OutgoingSet.h"
 #include "PDataAssembler.h"
 #include "TestFolder.h"
+#include "VDicomNet.h"
 
 #include <gtest/gtest.h>
 
@@ -99,6 +100,13 @@ void Feed(PDataAssembler& assembler, Receiver& receiver, const Bytes& pdus) {
         Bytes copy(pdu.bytes.data, pdu.bytes.data + pdu.bytes.size);
         assembler.Receive({copy.data(), copy.size()}, receiver);
     }
+}
+
+/// Two P-DATA-TF PDUs as one.
+Bytes Glued(Bytes first, const Bytes& second) {
+    first.insert(first.end(), second.begin() + 6, second.end());
+    Put32(first.data() + 2, static_cast<std::uint32_t>(first.size() - 6), false);
+    return first;
 }
 
 void FillImage(VDicomDS& set, std::size_t pixels) {
@@ -271,6 +279,10 @@ TEST(PData, MessagesAndFaults) {
         std::string log;
     } cases[] = {
         {"one by one", echo + store + data + echo, kExplicit, e + s + e},
+        {"command and data in one PDU", Glued(store, data) + echo, kExplicit, s + e},
+        {"two messages in one PDU", Glued(Glued(echo, store), data), kExplicit, e + s},
+        {"a command that does not say whether data follow",
+         "04 00 00000010 0000000C 05 03 0000 0001 02000000 3000"_bytes, kExplicit, "5: C-ECHO-RQ\n"},
         {"nothing but a length", empty + echo, kExplicit, e},
         {"data without command", data + echo, kExplicit, "5: unknown command 0x0000 | " + rows + e},
         {"a command on a context without syntax", echo, nullptr, e},
@@ -297,8 +309,7 @@ TEST(PData, MessagesAndFaults) {
     // What is dropped with the rest of a PDU is not taken for the beginning of a set later.
     PDataAssembler assembler(nullptr);
     Receiver receiver;
-    Bytes glued = bad + Bytes(echo.begin() + 6, echo.end());
-    glued[5] = static_cast<unsigned char>(glued.size() - 6);
+    Bytes glued = Glued(bad, echo);
     glued[bad.size() + 5] = 1; // not the last fragment
     Feed(assembler, receiver, store + glued + echo + echo);
     EXPECT_EQ(receiver.log, "failed 8\n" + e);
@@ -317,9 +328,7 @@ TEST(PData, MessagesAndFaults) {
     // The connection goes away inside a notification: what follows in the PDU is not looked at.
     receiver.log.clear();
     receiver.gone = true;
-    Bytes twice = echo + Bytes(echo.begin() + 6, echo.end());
-    twice[5] = static_cast<unsigned char>(twice.size() - 6);
-    Feed(assembler, receiver, twice);
+    Feed(assembler, receiver, Glued(echo, echo));
     EXPECT_EQ(receiver.log, e);
 }
 
@@ -455,7 +464,7 @@ TEST(PData, PixelsThatTheSyntaxDoesNotHoldAreRefused) {
          CommandPdus(Command::cStoreRequest, true) + Encoded(compressed, {5, false, kJpegLossless, 0, nullptr}));
     EXPECT_EQ(receiver.log.substr(0, 5 + sizeof kStore), std::string("5: ") + kStore + " | ");
 
-    EXPECT_EQ(TransferFlags(true, kBig), 0x16);
+    EXPECT_EQ(VDicomNet::GetTS(1, kBig), 0x16);
     const std::pair<const char*, unsigned short> flags[] = {{kImplicit, 0x16},
                                                             {"1.2.840.10008.1.20", 0x16},
                                                             {kBig, 0x2A},
@@ -466,6 +475,10 @@ TEST(PData, PixelsThatTheSyntaxDoesNotHoldAreRefused) {
                                                             {"1.2.840.10008.1.2.4.66", 0x26},
                                                             {"1.2.840.10008.1.2.4.67", 0x16},
                                                             {kJpegLossless, 0x26},
+                                                            {"1.2.840.10008.1.2.4.80", 0x26},
+                                                            {"1.2.840.10008.1.2.4.81", 0x26},
+                                                            {"1.2.840.10008.1.2.4.90", 0x26},
+                                                            {"1.2.840.10008.1.2.4.91", 0x26},
                                                             {"1.2.840.10008.1.2.4.100", 0x26},
                                                             {kMpeg4, 0x16},
                                                             {"1.2.840.10008.1.2.4.5:", 0x16},
@@ -474,6 +487,6 @@ TEST(PData, PixelsThatTheSyntaxDoesNotHoldAreRefused) {
                                                             {"", 0x16},
                                                             {nullptr, 0x16}};
     for (const auto& [uid, expected] : flags)
-        EXPECT_EQ(TransferFlags(false, uid), expected) << uid;
+        EXPECT_EQ(VDicomNet::GetTS(0, uid), expected) << uid;
     EXPECT_EQ(WireSyntaxOf(false, kMpeg4).flags, 0x26);
 }
