@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the examples of the network against each other: network_test.sh STORAGE_SERVER ECHO [GLIB_ECHO]
-set -eu
+set -euo pipefail
 server=$1 echo=$2 glib=${3:-}
 folder=$(mktemp -d)
 trap 'kill "$pid" 2>/dev/null || true; rm -rf "$folder"' EXIT
@@ -17,6 +17,7 @@ for _ in $(seq 100); do
     [ -z "$port" ] || break
     sleep 0.05
 done
+[ -n "$port" ] || { echo "the server does not listen"; exit 1; }
 "$echo" 127.0.0.1 "$port" | grep 'status 0000'
 [ -z "$glib" ] || "$glib" 127.0.0.1 "$port" | grep 'status 0000'
 if [ -n "$storescu" ]; then

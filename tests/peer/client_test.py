@@ -200,4 +200,4 @@ def wlmscpfs():
 
 
 NAMES = {"storescp": "`storescp` (dcmtk)", "dcmqrscp": "`dcmqrscp` (dcmtk)", "orthanc": "Orthanc", "wlmscpfs": "`wlmscpfs` (dcmtk)"}
-see(globals()[PEER])
+see(globals()[PEER], lambda line: line.startswith(f"| {NAMES[PEER]} |") and "| peer." not in line)

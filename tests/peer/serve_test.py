@@ -249,7 +249,7 @@ def movescu():
                 same(path, received(target, path))
                 equal(kind_of(received(target, path)), "implicit")
             else:
-                contains(str(server.wait("move", failed=1)), "did not accept")
+                contains(str(server.wait("move", status="A702", failed=1)), "did not accept")
         row("C-MOVE to `storescp`, which takes implicit alone", ", ".join(SYNTAXES), "16384", "encoded anew, arrived")
         row("C-MOVE to `storescp`, which takes implicit alone", "compressed", "16384", "failed: A702, for no syntax that it takes")
         # Three objects, the second of which is damaged in the archive: its pixel data are compressed, and it names another syntax.
@@ -264,7 +264,7 @@ def movescu():
             with open(find_file(server.folder, f"1.2.826.0.8.{i}"), "wb") as file:
                 file.write(part10(head + element(0x7FE00010, "OB", pixels, length=0xFFFFFFFF if i == 1 else None)))
         peer_run("movescu", "-S", "-aem", "TARGET", "-k", "QueryRetrieveLevel=STUDY", "-k", "StudyInstanceUID=1.2.826.0.8", *server.at, status=None)
-        equal([server.wait("move", status="B000")[key] for key in ("completed", "failed")], [2, 1])
+        server.wait("move", status="B000", completed=2, failed=1)
         row("C-MOVE to `storescp`, which takes implicit alone, of three objects", "explicit, the second damaged", "16384",
             "the second failed, the others arrived: B000")
     with Running("storescp.sh") as target, archive("--peers", peers_file(TARGET=target.port)) as server:
@@ -507,4 +507,4 @@ def item_of(path):
 NAMES = {"storescu": "`storescu` (dcmtk)", "findscu": "`findscu` (dcmtk)", "movescu": "`movescu` (dcmtk)", "getscu": "`getscu` (dcmtk)",
          "orthanc": "Orthanc", "gdcmscu": "`gdcmscu` (gdcm)", "odil": "`odil`",
          "commit": "a client of this library"}
-see(globals()[PEER])
+see(globals()[PEER], lambda line: line.endswith(f"| peer.serve.{PEER} |"))

@@ -100,8 +100,9 @@ def test_moves_to_known_peers_and_to_no_others(folder):
             move = ("move", *server.at, "--level", "patient", "-k", "PatientID=P0", "--destination")
             run(*move, "TARGET")
             assert len(files_below(target.folder)) == 2
-            for destination, word in (("DEAD", "nobody listens"), ("NOBODY", "destination")):
-                assert word in run(*move, destination, status=1).err + str(server.log("move")), destination
+            for destination, status, why in (("DEAD", "A702", "nobody listens"), ("NOBODY", "A801", "")):
+                run(*move, destination, status=1)
+                assert why in server.wait("move", destination=destination, status=status).get("comment", ""), server.log("move")[-1]
             # The peers file is read again.
             folder.write("peers", f"NOBODY 127.0.0.1 {target.port}\n".encode())
             server.process.send_signal(signal.SIGHUP)

@@ -19,7 +19,7 @@ class Server:
     """Starts on a free port; its log is read as JSON lines. Ends with the `with` block."""
 
     def __init__(self, folder, *arguments, title="ARCHIVE"):
-        self.folder, self.title = folder, title
+        self.folder, self.title, self.last = folder, title, {}
         self.log_path = os.path.join(os.path.dirname(folder), os.path.basename(folder) + ".log")
         self.arguments = ["--folder", folder, "--port", "0", "--address", "127.0.0.1", "--ae", title, "--json",
                           "--log", self.log_path, *arguments]
@@ -58,11 +58,13 @@ class Server:
         return [entry for entry in entries if event in (None, entry["event"])]
 
     def wait(self, event, since=0, **what):
-        """The next line of the log with this event and these values."""
+        """The next line of the log with this event and these values, behind `since` and the last one of this event."""
         end = time.monotonic() + 20
         while time.monotonic() < end:
-            for entry in self.log()[since:]:
-                if entry["event"] == event and all(entry.get(key) == value for key, value in what.items()):
+            for number, entry in enumerate(self.log(), 1):
+                if (number > max(since, self.last.get(event, 0)) and entry["event"] == event and
+                        all(entry.get(key) == value for key, value in what.items())):
+                    self.last[event] = number
                     return entry
             if self.process.poll() is not None:
                 raise AssertionError(f"serve has ended: {self.process.communicate()}")

@@ -1,20 +1,14 @@
 #include "scu/ObjectFolder.h"
 
-#include <gtest/gtest.h>
+#include "TestFolder.h"
 
-#include <filesystem>
+#include <gtest/gtest.h>
 
 namespace program {
 namespace {
 
-namespace fs = std::filesystem;
-
 class ObjectFolderTest : public testing::Test {
 protected:
-    ObjectFolderTest() : m_path((fs::path(testing::TempDir()) / "object-folder-test").string()) {}
-    void SetUp() override { fs::remove_all(m_path); }
-    void TearDown() override { fs::remove_all(m_path); }
-
     /// A C-STORE request.
     static void Announce(VDicomDS& command, const char* instanceUid) {
         command.FindSetValue(nullptr, 0x00000002, vdicom::vr::UI, "1.2.840.10008.5.1.4.1.1.7", 1);
@@ -39,7 +33,7 @@ protected:
 
     std::string PatientIn(const std::string& name) {
         VDicomDS ds;
-        EXPECT_EQ(ds.LoadDS((fs::path(m_path) / name).string().c_str(), 0), 0U);
+        EXPECT_EQ(ds.LoadDS(m_folder.File(name).c_str(), 0), 0U);
         EXPECT_EQ(ds.GetCountFault(), 0U);
         EXPECT_STREQ(ds.GetTransferSyntaxUID(), "1.2.840.10008.1.2.2");
         char text[65] = "";
@@ -47,11 +41,8 @@ protected:
         return text;
     }
 
-    std::size_t CountFiles() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_path), fs::directory_iterator()));
-    }
-
-    std::string m_path;
+    TestFolder m_folder;
+    const std::string m_path = m_folder.Path().string();
 };
 
 TEST_F(ObjectFolderTest, ObjectsAppearWholeAndReplaceOthersOnlyWhenToldSo) {
@@ -66,7 +57,7 @@ TEST_F(ObjectFolderTest, ObjectsAppearWholeAndReplaceOthersOnlyWhenToldSo) {
     ASSERT_EQ(other.Prepare(), "");
     EXPECT_EQ(Receive(other, "1.2.3", "1.2.3", "third"), 0U);
     EXPECT_EQ(PatientIn("1.2.3.dcm"), "third");
-    EXPECT_EQ(CountFiles(), 1U);
+    EXPECT_EQ(m_folder.Count(), 1U);
 }
 
 TEST_F(ObjectFolderTest, WhatIsWrongOrDoesNotComeLeavesNothing) {
@@ -81,9 +72,9 @@ TEST_F(ObjectFolderTest, WhatIsWrongOrDoesNotComeLeavesNothing) {
         VDicomDS command;
         Announce(command, "1.2.5");
         EXPECT_NE(incoming.Begin(1, command, "1.2.840.10008.1.2", ""), nullptr);
-        EXPECT_EQ(CountFiles(), 1U);
+        EXPECT_EQ(m_folder.Count(), 1U);
     }
-    EXPECT_EQ(CountFiles(), 0U);
+    EXPECT_EQ(m_folder.Count(), 0U);
     EXPECT_EQ(folder.CountWritten(), 0U);
     EXPECT_EQ(folder.CountFailed(), 8U);
     EXPECT_NE(ObjectFolder(m_path + "/\x01/../../../dev/null/x", false).Prepare(), "");
