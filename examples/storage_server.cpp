@@ -14,7 +14,7 @@
 namespace {
 
 constexpr const char* kVerification = "1.2.840.10008.1.1";
-constexpr unsigned short kOutOfResources = 0xA700, kNoSuchInstance = 0x0117; // PS3.7 C, PS3.4 B.2.3
+constexpr unsigned short kOutOfResources = 0xA700, kInvalidInstance = 0x0117; // PS3.7 C, PS3.4 B.2.3
 
 VDicomAssociatePolicy g_policy; // what every association may do
 std::string g_folder;
@@ -57,7 +57,7 @@ private:
         // A name that a peer chose: nothing but a UID becomes a file's name.
         const std::size_t length = std::strlen(instanceUID);
         if (data == nullptr || length == 0 || std::strspn(instanceUID, "0123456789.") != length || *instanceUID == '.')
-            return kNoSuchInstance;
+            return kInvalidInstance;
         const std::string path = g_folder + "/" + instanceUID + ".dcm";
         const unsigned int code = data->SaveDS(path.c_str(), DICOM_FLAG_PART10 | DICOM_TS_EXPLICIT_LITTLE);
         std::printf("%s: %s\n", path.c_str(), GetErrorText(code));

@@ -40,6 +40,8 @@ class Running:
         self.path = os.path.join(SHARED, "peers", script)
         self.folder = tempfile.mkdtemp(dir=WORK)
         self.port = free_port()
+        if not os.path.exists(self.path):
+            skip(f"{self.path} is not there")
         done = subprocess.run([self.path, "start", self.port, self.folder, *options], capture_output=True, text=True, check=False)
         if done.returncode == 77:
             skip(done.stderr.strip())

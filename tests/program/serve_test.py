@@ -122,7 +122,7 @@ def test_refuses_whom_it_is_told_to(folder):
 def test_wrong_usage_and_archives_that_cannot_be_used(folder):
     with Server(folder("archive")) as server:
         for arguments in ([], ["--folder", "x", "--port", "70000"], ["--folder", "x", "--known-callers"],
-                          ["--folder", "x", "--ae", "LONGER THAN SIXTEEN"]):
+                          ["--folder", "x", "--max-pdu", "4097"], ["--folder", "x", "--ae", "LONGER THAN SIXTEEN"]):
             run("serve", *arguments, status=2)
         assert "use" in run("serve", "--folder", server.folder, status=1).err
         run("serve", "--folder", folder("other"), "--address", "127.0.0.1", "--port", server.port, status=1)
@@ -173,6 +173,13 @@ def test_the_index_is_made_anew_from_the_files(folder):
             os.remove(os.path.join(server.folder, ".vdicom", name))
     assert "reindex" in run("serve", "--folder", server.folder, "--port", "0", status=1).err
     assert "6 objects" in run("serve", "--folder", server.folder, "--reindex").out
+    for i in range(300):  # complaints that fill the pipe before the end is reached
+        folder.write(f"archive/{i}.dcm", b"no object")
+    with subprocess.Popen([PROGRAM, "serve", "--folder", server.folder, "--reindex"], stderr=subprocess.PIPE, pipesize=4096) as process:
+        process.stderr.readline()
+        process.send_signal(signal.SIGINT)
+        assert b"interrupted; the old index stays\n" in process.stderr.read()
+    assert process.returncode == 1
     with Server(folder("archive")) as server:
         key = lambda one: one["00080018"]["Value"][0]
         assert sorted(images(server), key=key) == sorted(before, key=key)

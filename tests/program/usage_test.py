@@ -101,6 +101,7 @@ def test_completion_in_bash(folder):
     if not shutil.which("bash"):
         return
     folder.write("image.dcm", b"")
+    os.mkdir(folder("images"))
     script = os.path.join(SOURCE, "tools", "completion", "vdicom.bash")
 
     def complete(*words):
@@ -112,7 +113,9 @@ def test_completion_in_bash(folder):
 
     equal(complete("vdicom", "d"), ["dump", "dict"])
     equal(complete("vdicom", "dump", "--o"), ["--offsets"])
-    equal(complete("vdicom", "dump", "im"), ["image.dcm"])
+    equal(sorted(complete("vdicom", "dump", "im")), ["image.dcm", "images"])
+    equal(complete("vdicom", "serve", "--folder", "im"), ["images"])
+    equal(complete("vdicom", "serve", "--port", ""), [])
     equal(complete("vdicom", "convert", "--to", "e"), ["explicit"])
     equal(complete("vdicom", "dict", ""), ["tag", "vr", "uid", "iod", "cid"])
 

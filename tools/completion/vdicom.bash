@@ -45,8 +45,9 @@ _vdicom() {
     get:--level | get:-l | move:--level | move:-l) choices='patient study series image' ;;
     find:--model | get:--model | move:--model) choices='patient study' ;;
     *:--called | *:--calling | *:--max-pdu | *:--timeout | *:--repeat | *:--retry | *:--limit | *:--listen) return ;;
+    serve:--port | serve:--ae | serve:--address | serve:--idle | serve:--associations) return ;;
     *:--destination | get:--class | get:-c | move:-d | echo:-n | store:-n) return ;;
-    convert:--output | convert:-o | get:--to | get:-o | move:--to | move:-o)
+    convert:--output | convert:-o | get:--to | get:-o | move:--to | move:-o | serve:--folder | serve:--worklist)
         compopt -o filenames
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
         return

@@ -204,7 +204,7 @@ int RunGet(int count, const char* const* arguments) {
     options.Texts("-c,--class", classes, "CLASS",
                   "offer this storage class only: a UID, keyword or name; may be given several times");
     options.Flag("--overwrite", settings.overwrite, "replace files that are there");
-    options.Flag("-j,--json", settings.json, "a JSON object with the numbers");
+    options.Flag("-j,--json", settings.json, "a JSON object with the numbers, what was refused and why, and the error");
     if (const std::optional<int> status = options.Parse(count, arguments))
         return *status;
     if (const std::string wrong = peerOptions.Read(settings.peer); !wrong.empty())

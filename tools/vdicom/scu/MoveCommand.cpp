@@ -147,7 +147,7 @@ int RunMove(int count, const char* const* arguments) {
     options.Text("-o,--to", settings.to, "FOLDER", "receive them here, as files; needs --listen");
     options.Text("--listen", port, "PORT", "with --to: the port to receive at");
     options.Flag("--overwrite", settings.overwrite, "with --to: replace files that are there");
-    options.Flag("-j,--json", settings.json, "a JSON object with the numbers");
+    options.Flag("-j,--json", settings.json, "a JSON object with the numbers, what was refused and why, and the error");
     if (const std::optional<int> status = options.Parse(count, arguments))
         return *status;
     if (const std::string wrong = peerOptions.Read(settings.peer); !wrong.empty())

@@ -38,8 +38,10 @@ constexpr const char* kDescription =
     "An archive in a folder: takes every storage class and transfer syntax, answers queries of patient and study "
     "root,\n"
     "sends objects back (C-GET) or on to known peers (C-MOVE), commits to storage and answers worklist queries.\n\n"
-    "Objects are filed as they arrive, below PATIENT/STUDY/SERIES, and acknowledged when they are in the index. One\n"
-    "line of log tells of each association, object, query and retrieval, on standard error or in a file.";
+    "Objects are filed as they arrive, below PATIENT/STUDY/SERIES, and acknowledged when they are in the archive's\n"
+    "journal or index. One line of log tells of each association, object, query and retrieval, on standard error or "
+    "in\n"
+    "a file.";
 
 constexpr const char* kFooter =
     "The peers file has lines of 'AE HOST PORT', and remarks after '#'; it is read again on SIGHUP. SIGTERM and "
@@ -51,7 +53,9 @@ constexpr const char* kFooter =
     "  vdicom serve --folder archive --reindex\n";
 
 constexpr const char* kExitStatus = "  0  ended by a signal, or the index was made\n"
-                                    "  1  the archive cannot be used, or the port cannot be listened at\n";
+                                    "  1  the archive, the log, the peers file or the network cannot be used, the port "
+                                    "cannot be\n"
+                                    "     listened at, a file could not be indexed, or --reindex was interrupted\n";
 
 constexpr std::chrono::seconds kStopPatience{10};
 constexpr VDicomULong kLongestWait = 200; // milliseconds; signals and what is tried again later are looked at then
@@ -62,13 +66,19 @@ void OnHangUp(int) { readPeersAgain = 1; }
 
 int Reindex(const std::string& folder) {
     Progress progress("files", 0);
+    bool isInterrupted = false;
     const auto onProgress = [&](const archive::ReindexCounts& counts) {
         progress.Done(counts.seen);
-        return InterruptWatch::Count() == 0;
+        isInterrupted = InterruptWatch::Count() > 0;
+        return !isInterrupted;
     };
     const auto onComplaint = [](const std::string& path, const std::string& reason) { Say(path, reason); };
     const archive::ReindexCounts counts = archive::Reindex(folder, onProgress, onComplaint);
     progress.Hide();
+    if (isInterrupted) {
+        Say("interrupted; the old index stays");
+        return kInputFailed;
+    }
     Output out(DICOM_STDOUT);
     out.Put(fmt::format("{} objects of {} files, {} duplicates, {} files failed\n", counts.indexed, counts.seen,
                         counts.duplicates, counts.failed));
@@ -154,8 +164,8 @@ std::string Check(ServeOptions& options) {
         return "--folder is missing";
     if (options.port > 65535)
         return "--port goes up to 65535";
-    if (options.maxPdu < 1024 || options.maxPdu > (std::uint64_t{16} << 20))
-        return "--max-pdu goes from 1024 to 16777216";
+    if (options.maxPdu < 1024 || options.maxPdu > (std::uint64_t{16} << 20) || options.maxPdu % 2 != 0)
+        return "--max-pdu: an even number from 1024 to 16777216 is needed";
     if (options.timeout > 1'000'000)
         return "--timeout goes up to 1000000";
     if (options.idle > 1'000'000)
@@ -163,7 +173,7 @@ std::string Check(ServeOptions& options) {
     if (options.associations == 0 || options.associations > 100'000)
         return "--associations goes from 1 to 100000";
     settings.port = static_cast<unsigned int>(options.port);
-    settings.maxPdu = static_cast<VDicomULong>(options.maxPdu & ~std::uint64_t{1});
+    settings.maxPdu = static_cast<VDicomULong>(options.maxPdu);
     settings.timeout = static_cast<VDicomULong>(options.timeout * 1000);
     settings.idle = static_cast<VDicomULong>(options.idle * 1000);
     settings.mostSessions = static_cast<unsigned int>(options.associations);
@@ -181,7 +191,8 @@ int RunServe(int count, const char* const* arguments) {
     options.Text("--address", given.settings.address, "ADDRESS", "own address to listen at; all unless given");
     options.Text("--ae", given.settings.title, "AE", "own AE title; VDICOM unless given");
     options.Text("--peers", given.settings.peersFile, "FILE", "the peers that are known: lines of 'AE HOST PORT'");
-    options.Flag("--known-callers", given.settings.knownCallers, "refuse callers that the peers file does not name");
+    options.Flag("--known-callers", given.settings.knownCallers,
+                 "refuse callers that the peers file does not name (--peers)");
     options.Flag("--check-called", given.settings.checkCalled, "refuse requests to another AE title than ours");
     options.Text("--worklist", given.settings.worklist, "DIR", "folder of worklist files, for modality worklist");
     options.Flag("--sync", given.settings.sync, "acknowledge when objects would outlast a power failure; slower");
