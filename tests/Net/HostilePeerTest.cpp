@@ -349,7 +349,7 @@ TEST_F(HostilePeerTest, NothingIsLeftOfManyAssociations) {
         }
     }
     EXPECT_LE(memory::g_blocks, blocks + 16);
-    EXPECT_EQ(CountDescriptors(), descriptors);
+    EXPECT_LE(CountDescriptors(), descriptors);
     EXPECT_TRUE(Serves());
 }
 
