@@ -6,6 +6,7 @@ usage: associate_test.py HELPER FOLDER
 
 HELPER is the program made of associate.cpp. Exit 77 when the other programs are not there.
 """
+import contextlib
 import os
 import re
 import shutil
@@ -15,18 +16,11 @@ import sys
 import tempfile
 from pathlib import Path
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "program"))
+from upper_layer import ABORT, receive, receive_bytes  # noqa: E402
+
 FIND = ["-S", "-k", "0008,0052=STUDY", "-k", "0020,000D=1.2"]
 PROGRAMS = ["echoscu", "findscu", "getscu", "movescu", "storescu"]
-
-
-def pdu(connection):
-    data = b""
-    while len(data) < 6 or len(data) < 6 + int.from_bytes(data[2:6], "big"):
-        more = connection.recv(65536)
-        if not more:
-            return data
-        data += more
-    return data
 
 
 def associate(helper, folder, command):
@@ -43,11 +37,12 @@ def associate(helper, folder, command):
             with connection:
                 connection.settimeout(20)
                 request, answer = os.path.join(folder, "request"), os.path.join(folder, "answer")
-                Path(request).write_bytes(pdu(connection))
+                Path(request).write_bytes(receive_bytes(connection))
                 ours = subprocess.run([helper, request, answer], capture_output=True, text=True, timeout=60)
                 connection.sendall(Path(answer).read_bytes())
-                while pdu(connection)[:1] == b"\x04":  # its first message; an abort is the answer
-                    connection.sendall(bytes([7, 0, 0, 0, 0, 4, 0, 0, 2, 0]))
+                with contextlib.suppress(EOFError):
+                    while receive(connection)[0] == 4:  # its first message; an abort is the answer
+                        connection.sendall(ABORT)
             peer.wait(timeout=30)
         finally:
             peer.kill()

@@ -6,10 +6,11 @@ import shutil
 import socket
 import subprocess
 import tempfile
+import time
 
-from peers import (COMPRESSED, HOST, PEER, ROWS, SYNTAXES, WORK, Running, find_file, free_port, kind_of, large, made, received, sample, same, see,
-                   syntax_of, uid_of)
-from support import contains, element, equal, part10, run, sequence, skip
+from peers import (COMPRESSED, HOST, PEER, ROWS, SYNTAXES, WORK, Running, find_file, keys_of, kind_of, large, made, received, sample, same,
+                   see, syntax_of, uid_of, worklist)
+from support import contains, element, equal, free_port, part10, run, skip
 
 
 def row(what, syntax, pdu, result):
@@ -71,18 +72,11 @@ def storescp():
 
 def retrieve(peer, called, mover, port, path, syntax, sizes):
     """Finds an object at every level, gets and moves it."""
-    uids = {level: uid_of(path, keyword) for level, keyword in (
-        ("patient", "PatientID"), ("study", "StudyInstanceUID"), ("series", "SeriesInstanceUID"), ("image", "SOPInstanceUID"))}
-    keywords = {"patient": "PatientID", "study": "StudyInstanceUID", "series": "SeriesInstanceUID", "image": "SOPInstanceUID"}
-    keys = []
-    for level, keyword in keywords.items():
-        own = keys if level not in ("study", "patient") else []
-        found = peer.vdicom("find", "--level", level, "--json", *own, "-k", f"{keyword}={uids[level]}", called=called).json()
-        equal(len(found), 1, level)
-        number = {"PatientID": "00100020", "StudyInstanceUID": "0020000D", "SeriesInstanceUID": "0020000E", "SOPInstanceUID": "00080018"}[keyword]
-        equal(found[0][number]["Value"], [uids[level]])
-        if level != "patient":
-            keys += ["-k", f"{keyword}={uids[level]}"]
+    uid, keys = uid_of(path), keys_of(path)
+    for level, number in (("patient", "00100020"), ("study", "0020000D"), ("series", "0020000E"), ("image", "00080018")):
+        own = keys_of(path, level)
+        found = peer.vdicom("find", "--level", level, "--json", *own, called=called).json()
+        equal([match[number]["Value"] for match in found], [[own[-1].split("=")[1]]], level)
     row("find, every level", syntax, "16384", "the match")
     equal(peer.vdicom("find", "-k", "PatientID=no such patient", "--json", called=called).json(), [])
     row("find without a match", "", "16384", "an empty list")
@@ -90,17 +84,17 @@ def retrieve(peer, called, mover, port, path, syntax, sizes):
         into = tempfile.mkdtemp(dir=WORK)
         result = peer.vdicom("get", "--to", into, *keys, "--class", uid_of(path, "SOPClassUID"), "--max-pdu", size, "--json", called=called).json()
         equal((result["status"], result["completed"], result["written"], result["failed"]), (0, 1, 1, 0))
-        same(path, find_file(into, uids["image"]))
-        equal(os.listdir(into), [uids["image"] + ".dcm"])
-        row("get", syntax, size, f"written as {kind_of(find_file(into, uids['image']))}")
+        same(path, find_file(into, uid))
+        equal(os.listdir(into), [uid + ".dcm"])
+        row("get", syntax, size, f"written as {kind_of(find_file(into, uid))}")
         into = tempfile.mkdtemp(dir=WORK)
         result = peer.vdicom("move", "--to", into, "--listen", port, "--destination", mover, *keys, "--max-pdu", size, "--json", called=called).json()
         equal((result["status"], result["completed"], result["written"]), (0, 1, 1))
-        same(path, find_file(into, uids["image"]))
-        row("move to this program", syntax, size, f"written as {kind_of(find_file(into, uids['image']))}")
+        same(path, find_file(into, uid))
+        row("move to this program", syntax, size, f"written as {kind_of(find_file(into, uid))}")
     into = tempfile.mkdtemp(dir=WORK)
     peer.vdicom("get", "--to", into, *keys[:2], called=called)
-    same(path, find_file(into, uids["image"]))
+    same(path, find_file(into, uid))
     row("get of a study", syntax, "131072", "written as " + ", ".join(sorted({kind_of(os.path.join(into, name)) for name in os.listdir(into)})))
 
 
@@ -143,8 +137,7 @@ def orthanc():
         for syntax, path in objects.items():
             peer.vdicom("store", path, called="ORTHANC")
             into = tempfile.mkdtemp(dir=WORK)
-            keys = [text for keyword in ("StudyInstanceUID", "SeriesInstanceUID", "SOPInstanceUID") for text in ("-k", f"{keyword}={uid_of(path, keyword)}")]
-            peer.vdicom("get", "--to", into, *keys, "--class", uid_of(path, "SOPClassUID"), called="ORTHANC")
+            peer.vdicom("get", "--to", into, *keys_of(path), "--class", uid_of(path, "SOPClassUID"), called="ORTHANC")
             same(path, find_file(into, uid_of(path)))
             row("store, and get of the same", syntax, "16384", f"came back as {kind_of(find_file(into, uid_of(path)))}")
         files = [objects["JPEG 2000"], large()]
@@ -170,21 +163,13 @@ def wlmscpfs():
         skip("wlmscpfs is not there (Debian package dcmtk)")
     folder = os.path.join(WORK, "worklist", "WORKLIST")
     os.makedirs(folder)
-    for name, modality in (("one", "CT"), ("two", "MR")):
-        step = b"".join(element(tag, vr, value) for tag, vr, value in (
-            (0x00080060, "CS", modality), (0x00400001, "AE", "SCANNER"), (0x00400002, "DA", "20240131"), (0x00400003, "TM", "1200"),
-            (0x00400006, "PN", "Doctor^Who"), (0x00400007, "LO", "a scan"), (0x00400009, "SH", name)))
-        with open(os.path.join(folder, name + ".wl"), "wb") as file:
-            file.write(part10(
-                element(0x00080005, "CS", "ISO_IR 192") + element(0x00080050, "SH", "A1") + element(0x00100010, "PN", "Müller^Ümit".encode() + b" " * ("Müller^Ümit".encode().__len__() % 2)) +
-                element(0x00100020, "LO", "P-" + name) + element(0x00100030, "DA", "19700101") + element(0x00100040, "CS", "M") +
-                element(0x0020000D, "UI", "1.2.3.4") + element(0x00321060, "LO", "scan") +
-                sequence(0x00400100, step) + element(0x00401001, "SH", "R1")))
+    worklist(folder, ".wl")
     open(os.path.join(folder, "lockfile"), "wb").close()
     port = free_port()
     with subprocess.Popen(["wlmscpfs", "-csk", "-dfp", os.path.dirname(folder), port], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as process:
         try:
-            while process.poll() is None:
+            end = time.monotonic() + 20
+            while process.poll() is None and time.monotonic() < end:
                 with socket.socket() as probe:
                     if probe.connect_ex((HOST, int(port))) == 0:
                         break

@@ -3,14 +3,13 @@ The caller's arguments begin with PROGRAM SHARED DOCUMENT PEER."""
 import math
 import os
 import shutil
-import socket
 import subprocess
 import sys
 import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "program"))
 os.environ["VDICOM_PROGRAM"], SHARED, DOCUMENT, PEER = sys.argv[1:5]
-from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, element, equal, part10, run, skip  # noqa: E402
+from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, element, equal, free_port, part10, run, sequence, skip  # noqa: E402
 
 HOST = "127.0.0.1"
 SAMPLES = os.path.join(SHARED, "samples")
@@ -25,12 +24,6 @@ KINDS = {IMPLICIT: "implicit", EXPLICIT: "explicit", BIG: "big", DEFLATED: "defl
          "1.2.840.10008.1.2.4.80": "JPEG-LS", "1.2.840.10008.1.2.4.81": "JPEG-LS near-lossless",
          "1.2.840.10008.1.2.4.90": "JPEG 2000", "1.2.840.10008.1.2.4.91": "JPEG 2000 lossy",
          "1.2.840.10008.1.2.5": "RLE"}
-
-
-def free_port():
-    with socket.socket() as probe:
-        probe.bind((HOST, 0))
-        return str(probe.getsockname()[1])
 
 
 class Running:
@@ -108,6 +101,29 @@ def syntax_of(path):
 
 def uid_of(path, keyword="SOPInstanceUID"):
     return next(iter(run("dump", "--json", "--tag", keyword, path).json().values()))["Value"][0]
+
+
+UIDS = ("StudyInstanceUID", "SeriesInstanceUID", "SOPInstanceUID")
+
+
+def keys_of(path, level="image"):
+    """The options with the unique keys of an object down to a level."""
+    keywords = {"patient": ("PatientID",), "study": UIDS[:1], "series": UIDS[:2], "image": UIDS}[level]
+    return [part for keyword in keywords for part in ("-k", f"{keyword}={uid_of(path, keyword)}")]
+
+
+def worklist(folder, suffix):
+    """Two worklist files in a folder."""
+    for station, modality in (("one", "CT"), ("two", "MR")):
+        step = b"".join(element(tag, vr, value) for tag, vr, value in (
+            (0x00080060, "CS", modality), (0x00400001, "AE", "SCANNER"), (0x00400002, "DA", "20240131"), (0x00400003, "TM", "1200"),
+            (0x00400006, "PN", "Doctor^Who"), (0x00400007, "LO", "a scan"), (0x00400009, "SH", station)))
+        with open(os.path.join(folder, station + suffix), "wb") as file:
+            file.write(part10(
+                element(0x00080005, "CS", "ISO_IR 192") + element(0x00080050, "SH", "A1") + element(0x00100010, "PN", "Müller^Ümit ".encode()) +
+                element(0x00100020, "LO", "P-" + station) + element(0x00100030, "DA", "19700101") + element(0x00100040, "CS", "M") +
+                element(0x0020000D, "UI", "1.2.3.4") + element(0x00321060, "LO", "scan") +
+                sequence(0x00400100, step) + element(0x00401001, "SH", "R1")))
 
 
 def find_file(folder, uid):

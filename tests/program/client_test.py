@@ -1,6 +1,7 @@
 """echo, store, find, get and move against peers that misbehave: each gets a sentence, and nothing hangs."""
 import contextlib
 import os
+import queue
 import re
 import resource
 import signal
@@ -11,12 +12,11 @@ import sys
 import threading
 import time
 
-from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, contains, element, equal, image, main, part10, run
+from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, contains, element, equal, free_port, image, main, part10, run
 from terminal_test import on_terminal
+from upper_layer import ABORT, RELEASE, accept, association, message, number_of, receive, respond, send_store
 
-CT, VERIFICATION = "1.2.840.10008.5.1.4.1.1.2", "1.2.840.10008.1.1"
-FIND = b"\x20\0"
-ABORT, RELEASED = b"\7\0\0\0\0\4\0\0\2\1", b"\6\0\0\0\0\4\0\0\0\0"
+CT, FIND = "1.2.840.10008.5.1.4.1.1.2", b"\x20\0"
 
 
 @contextlib.contextmanager
@@ -51,124 +51,19 @@ def peer(*talks):
         raise failures[0]
 
 
-def receive(connection):
-    """One PDU: type and content."""
-    content = b""
-    while len(content) < 6:
-        piece = connection.recv(6 - len(content))
-        if not piece:
-            raise EOFError
-        content += piece
-    kind, length = content[0], struct.unpack(">I", content[2:])[0]
-    body = b""
-    while len(body) < length:
-        piece = connection.recv(min(length - len(body), 1 << 20))
-        if not piece:
-            raise EOFError
-        body += piece
-    return kind, body
-
-
-def associate(*classes):
-    """An A-ASSOCIATE-RQ with a context for each class, in explicit VR little endian."""
-    items = sub_item(0x10, b"1.2.840.10008.3.1.1.1")
-    for i, name in enumerate(classes):
-        items += sub_item(0x20, bytes([2 * i + 1, 0, 0, 0]) + sub_item(0x30, name.encode()) + sub_item(0x40, EXPLICIT.encode()))
-    items += sub_item(0x50, sub_item(0x51, struct.pack(">I", 16384)))
-    body = b"\0\1\0\0" + b"VDICOM".ljust(16) + b"SENDER".ljust(16) + bytes(32) + items
-    return struct.pack(">BBI", 1, 0, len(body)) + body
-
-
-def sub_item(kind, content):
-    return struct.pack(">BBH", kind, 0, len(content)) + content
-
-
-def contexts_of(request):
-    """The contexts of an A-ASSOCIATE-RQ: ID, abstract syntax, transfer syntaxes."""
-    found, at = [], 68
-    while at < len(request):
-        kind, length = request[at], struct.unpack(">H", request[at + 2:at + 4])[0]
-        if kind == 0x20:
-            body, texts, inner = request[at + 4:at + 4 + length], [], 4
-            while inner < length:
-                size = struct.unpack(">H", body[inner + 2:inner + 4])[0]
-                texts.append(body[inner + 4:inner + 4 + size].decode())
-                inner += 4 + size
-            found.append((body[0], texts[0], texts[1:]))
-        at += 4 + length
-    return found
-
-
-def accept(connection, takes=lambda abstract, syntaxes: syntaxes[0], limit=16384):
-    """Answers an association request; `takes` gives the transfer syntax, or None. Returns what was accepted."""
-    kind, request = receive(connection)
-    equal(kind, 1)
-    items, accepted = sub_item(0x10, b"1.2.840.10008.3.1.1.1"), {}
-    for number, abstract, syntaxes in contexts_of(request):
-        syntax = takes(abstract, syntaxes)
-        if syntax:
-            accepted[number] = (abstract, syntax)
-        items += sub_item(0x21, bytes([number, 0, 0 if syntax else 4, 0]) + sub_item(0x40, (syntax or syntaxes[0]).encode()))
-    items += sub_item(0x50, sub_item(0x51, struct.pack(">I", limit)))
-    body = request[:68] + items
-    connection.sendall(struct.pack(">BBI", 2, 0, len(body)) + body)
-    return accepted
-
-
-def message(connection):
-    """One DIMSE message: context, command as a dictionary, bytes of the data set, largest PDU; None: released."""
-    parts, largest = {1: b"", 0: b""}, 0
-    wanted = 1
-    while True:
-        kind, body = receive(connection)
-        if kind == 5:
-            connection.sendall(RELEASED)
-            return None
-        equal(kind, 4)
-        largest = max(largest, len(body))
-        number, control = body[4], body[5]
-        parts[control & 1] += body[6:]
-        if not control & 2:
-            continue
-        if control & 1:
-            command, at, data = {}, 0, parts[1]
-            while at < len(data):
-                group, name, size = struct.unpack("<HHI", data[at:at + 8])
-                command[name] = data[at + 8:at + 8 + size]
-                at += 8 + size
-            if struct.unpack("<H", command[0x0800])[0] != 0x0101:
-                wanted = 0
-        if control & 1 == wanted:
-            return number, command, parts[0], largest
-
-
-def respond(connection, context, command, status, extra=b"", data=None):
-    """The response to a request; `extra` elements stand at the end."""
-    field = struct.unpack("<H", command[0x0100])[0]
-    body = b"".join(element(0x00000000 | name, "", struct.pack("<H", value), implicit=True) for name, value in (
-        (0x0100, field | 0x8000), (0x0120, struct.unpack("<H", command[0x0110])[0]), (0x0800, 0x0101 if data is None else 1),
-        (0x0900, status))) + extra
-    body = element(0, "", struct.pack("<I", len(body)), implicit=True) + body
-    for control, part in ((3, body), (2, data)):
-        if part is not None:
-            pdv = struct.pack(">IBB", len(part) + 2, context, control) + part
-            connection.sendall(struct.pack(">BBI", 4, 0, len(pdv)) + pdv)
+def objects(folder, count, of=lambda i: CT):
+    """So many small objects in the folder `in`."""
+    return [folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", of(i)) + element(0x00080018, "UI", f"1.2.{i}"))) for i in range(count)]
 
 
 def echo(port, *arguments, status=1):
     return run("echo", "127.0.0.1", port, *arguments, status=status).err
 
 
-def closed_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return str(probe.getsockname()[1])
-
-
 def test_no_connection(_):
-    contains(echo(closed_port()), "check host and port")
+    contains(echo(free_port()), "check host and port")
     contains(run("echo", "no.such.host.invalid", "104", status=1).err, "check the host's name")
-    result = run("echo", "127.0.0.1", closed_port(), "--json", status=1).json()
+    result = run("echo", "127.0.0.1", free_port(), "--json", status=1).json()
     contains(result["error"], "no connection")
 
 
@@ -184,7 +79,7 @@ def test_peers_that_are_no_dicom_peers(_):
         "was not accepted": lambda c: accept(c, lambda *_: None) and receive(c),
         "not with success: status 0122": lambda c: accept(c) and respond(c, *message(c)[:2], 0x0122) or receive(c),
         "nothing went either way": lambda c: accept(c) and message(c) and time.sleep(3),
-        "released the association": lambda c: accept(c) and message(c) and c.sendall(b"\5\0\0\0\0\4\0\0\0\0") or receive(c),
+        "released the association": lambda c: accept(c) and message(c) and c.sendall(RELEASE) or receive(c),
     }
     for wanted, talk in talks.items():
         with peer(talk) as port:
@@ -221,8 +116,7 @@ def test_files_are_encoded_as_the_peer_takes_them(folder):
 
 
 def test_more_contexts_than_an_association_has_take_several(folder):
-    for i in range(130):
-        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", f"1.2.3.{i}") + element(0x00080018, "UI", f"1.2.{i}")))
+    objects(folder, 130, lambda i: f"1.2.3.{i}")
     seen = []
 
     def talk(connection):
@@ -239,8 +133,7 @@ def test_more_contexts_than_an_association_has_take_several(folder):
 
 
 def test_a_lost_connection_tells_what_is_stored_and_is_made_again_when_told_so(folder):
-    for i in range(5):
-        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}")))
+    objects(folder, 5)
 
     def talk(connection, answers=2):
         accept(connection)
@@ -262,8 +155,7 @@ def test_a_lost_connection_tells_what_is_stored_and_is_made_again_when_told_so(f
 
 
 def test_an_object_that_is_refused_is_listed_with_its_status_and_not_sent_again(folder):
-    for i in range(3):
-        folder.write(f"in/{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}")))
+    objects(folder, 3)
     statuses = {"1.2.0": 0xA700, "1.2.1": 0xC123, "1.2.2": 0}
     seen = []
 
@@ -272,7 +164,7 @@ def test_an_object_that_is_refused_is_listed_with_its_status_and_not_sent_again(
         while (got := message(connection)) is not None:
             seen.append(got[1][0x1000].rstrip(b"\0").decode())
             status = statuses[seen[-1]]
-            respond(connection, *got[:2], status, extra=element(0x0902, "", b"no room today " if status else b"", implicit=True))
+            respond(connection, *got[:2], status, extra={0x0902: b"no room today "} if status else ())
 
     with peer(talk) as port:
         result = run("store", "127.0.0.1", port, "--retry", "3", "--json", folder("in"), status=1).json()
@@ -290,7 +182,7 @@ def test_matches_are_cut_behind_the_limit_and_control_characters_stay_off_the_te
         context, command, _, _ = message(connection)
         for i in range(3):
             respond(connection, context, command, 0xFF00, data=element(0x00100020, "LO", f"{i}\x1b[2J"))
-        seen.append(struct.unpack("<H", message(connection)[1][0x0100])[0])
+        seen.append(number_of(message(connection)[1][0x0100]))
         respond(connection, context, command, 0xFE00)
         message(connection)
 
@@ -304,14 +196,15 @@ def test_matches_are_cut_behind_the_limit_and_control_characters_stay_off_the_te
 
 def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
     path = folder.write("a.dcm", image())
+    running = queue.SimpleQueue()
     seen, final = [], [0xFE00, 0]  # a peer may be done before the cancel reaches it
 
     def query(connection):
         accept(connection)
         message(connection)
-        os.kill(process.pid, signal.SIGINT)
+        running.get(timeout=20).send_signal(signal.SIGINT)
         context, command, _, _ = message(connection)
-        seen.append(struct.unpack("<H", command[0x0100])[0])
+        seen.append(number_of(command[0x0100]))
         command = {0x0100: struct.pack("<H", 0x0020), 0x0110: command[0x0120]}
         respond(connection, context, command, final.pop())
         message(connection)
@@ -319,7 +212,7 @@ def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
     def store(connection):
         accept(connection)
         message(connection)
-        os.kill(process.pid, signal.SIGINT)
+        running.get(timeout=20).send_signal(signal.SIGINT)
         seen.append(receive(connection)[0])
 
     for talk, arguments in ((query, ("find",)), (query, ("find",)), (store, ("store",))):
@@ -327,6 +220,7 @@ def test_an_interrupt_cancels_a_query_and_aborts_a_store(folder):
             files = [path] if talk is store else []
             with subprocess.Popen([PROGRAM, *arguments, "127.0.0.1", port, *files], stdout=subprocess.PIPE,
                                   stderr=subprocess.PIPE, text=True) as process:
+                running.put(process)
                 _, error = process.communicate(timeout=30)
             equal(process.returncode, 1)
             contains(error, "interrupted")
@@ -347,24 +241,22 @@ def retrieval(status, numbers, *objects):
             context, command, _, _ = following
         stores = [number for number, (abstract, _) in accepted.items() if abstract == CT]
         for i, content in enumerate(objects):
-            send_store(connection, stores[0], i + 1, f"1.2.{i}", content)
-            answers.append(struct.unpack("<H", message(connection)[1][0x0900])[0])
-        counts = b"".join(element(0x1020 + i, "", struct.pack("<H", count), implicit=True) for i, count in enumerate(numbers))
-        respond(connection, context, command, status, extra=counts, data=element(0x00080058, "UI", ""))
+            send_store(connection, stores[0], i + 1, CT, f"1.2.{i}", content)
+            answers.append(number_of(message(connection)[1][0x0900]))
+        respond(connection, context, command, status, extra=enumerate(numbers, 0x1020), data=element(0x00080058, "UI", ""))
         message(connection)
 
     return talk, answers
 
 
-def send_store(connection, context, number, uid, content):
-    command = (element(2, "", CT.encode() + b"\0", implicit=True) + element(0x0100, "", b"\1\0", implicit=True) +
-               element(0x0110, "", struct.pack("<H", number), implicit=True) +
-               element(0x0700, "", b"\0\0", implicit=True) + element(0x0800, "", b"\1\0", implicit=True) +
-               element(0x1000, "", uid.encode() + b"\0" * (len(uid) % 2), implicit=True))
-    command = element(0, "", struct.pack("<I", len(command)), implicit=True) + command
-    for control, part in ((3, command), (2, content)):
-        pdv = struct.pack(">IBB", len(part) + 2, context, control) + part
-        connection.sendall(struct.pack(">BBI", 4, 0, len(pdv)) + pdv)
+def stores(port, *objects):
+    """Stores objects over an association with the program; their statuses, one after the other."""
+    with socket.create_connection(("127.0.0.1", port)) as store:
+        store.sendall(association(1, [(1, CT, EXPLICIT)], called="VDICOM"))
+        equal(receive(store)[0], 2)
+        for i, content in enumerate(objects):
+            send_store(store, 1, i + 1, CT, f"1.2.{i}", content)
+            yield number_of(message(store)[1][0x0900])
 
 
 def test_a_retrieval_is_well_only_when_the_objects_are_here(folder):
@@ -373,7 +265,7 @@ def test_a_retrieval_is_well_only_when_the_objects_are_here(folder):
     with peer(talk) as port:
         result = run("get", "127.0.0.1", port, "--to", folder("none"), *keys, status=1)
         contains(result.err, "says it sent 3 objects; 0 arrived here")
-        result = run("move", "127.0.0.1", port, "--to", folder("none"), "--listen", closed_port(), *keys, "--json", status=1)
+        result = run("move", "127.0.0.1", port, "--to", folder("none"), "--listen", free_port(), *keys, "--json", status=1)
         contains(result.json()["error"], "name this host and port?")
         run("move", "127.0.0.1", port, "--destination", "OTHER", *keys)
     talk, _ = retrieval(0, (0, 0, 0, 0))
@@ -429,19 +321,14 @@ def test_get_offers_what_the_archive_says_that_it_has(folder):
 def test_an_object_that_the_disk_has_no_room_for_is_answered_and_the_next_one_taken(folder):
     large, small = (element(0x00080018, "UI", f"1.2.{i}") + element(0x7FE00010, "OW", bytes(size))
                     for i, size in enumerate((900_000, 10)))
-    own, (talk, answers) = closed_port(), retrieval(0xB000, (0, 1, 1, 0), large, small)
+    own, (talk, answers) = free_port(), retrieval(0xB000, (0, 1, 1, 0), large, small)
 
     def move(connection):
         """The objects go to the program over an association of its own."""
         accept(connection)
         context, command, _, _ = message(connection)
-        with socket.create_connection(("127.0.0.1", own)) as store:
-            store.sendall(associate(CT))
-            equal(receive(store)[0], 2)
-            for i, content in enumerate((large, small)):
-                send_store(store, 1, i + 1, f"1.2.{i}", content)
-                answers.append(struct.unpack("<H", message(store)[1][0x0900])[0])
-        respond(connection, context, command, 0xB000, extra=element(0x1021, "", b"\1\0", implicit=True) + element(0x1022, "", b"\1\0", implicit=True))
+        answers.extend(stores(own, large, small))
+        respond(connection, context, command, 0xB000, extra={0x1021: 1, 0x1022: 1})
         message(connection)
 
     for name, script, arguments in (("get", talk, ("--class", CT)), ("move", move, ("--listen", own))):
@@ -458,28 +345,24 @@ def test_an_object_that_the_disk_has_no_room_for_is_answered_and_the_next_one_ta
 
 
 def test_objects_that_arrive_keep_a_move_alive_and_silence_ends_it(folder):
-    own, objects = closed_port(), 4
+    own, count = free_port(), 4
 
     def move(connection):
         accept(connection)
         context, command, _, _ = message(connection)
-        with socket.create_connection(("127.0.0.1", own)) as store:  # slower than the time-out, and no response meanwhile
-            store.sendall(associate(CT))
-            equal(receive(store)[0], 2)
-            for i in range(objects):
-                send_store(store, 1, i + 1, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
-                equal(message(store)[1][0x0900], b"\0\0")
-                time.sleep(0.5)
-            if objects == 1:
+        for status in stores(own, *(element(0x00080018, "UI", f"1.2.{i}") for i in range(count))):
+            equal(status, 0)
+            time.sleep(0.5)  # in all longer than the time-out, and no response meanwhile
+            if count == 1:
                 equal(connection.recv(1), b"\7")  # it is aborted
                 return
-        respond(connection, context, command, 0, extra=element(0x1021, "", struct.pack("<H", objects), implicit=True))
+        respond(connection, context, command, 0, extra={0x1021: count})
         message(connection)
 
     with peer(move) as port:
         arguments = ("move", "127.0.0.1", port, "--to", folder("in"), "--listen", own, "-k", "StudyInstanceUID=1.2", "--timeout", "1", "--overwrite")
         contains(run(*arguments).out, "4 objects written")
-        objects = 1
+        count = 1
         contains(run(*arguments, status=1).err, "nothing went either way for 1 s")
 
 
@@ -499,7 +382,7 @@ def test_a_peer_that_ignores_the_cancel_is_left(_):
 
 
 def test_progress_is_drawn_on_a_terminal_alone(folder):
-    paths = [folder.write(f"{i}.dcm", part10(element(0x00080016, "UI", CT) + element(0x00080018, "UI", f"1.2.{i}"))) for i in range(2)]
+    paths = objects(folder, 2)
 
     def store(connection):
         accept(connection)
@@ -513,10 +396,9 @@ def test_progress_is_drawn_on_a_terminal_alone(folder):
         context, command, _, _ = message(connection)
         time.sleep(1)
         for i in range(2):
-            send_store(connection, stores[0], i + 1, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
+            send_store(connection, stores[0], i + 1, CT, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
             message(connection)
-            respond(connection, context, command, 0 if i else 0xFF00, extra=b"".join(element(
-                0x1020 + n, "", struct.pack("<H", count), implicit=True) for n, count in enumerate((1 - i, 1 + i, 0, 0))))
+            respond(connection, context, command, 0 if i else 0xFF00, extra=enumerate((1 - i, 1 + i, 0, 0), 0x1020))
             time.sleep(0.2)
         message(connection)
 

@@ -10,8 +10,10 @@ import sys
 import threading
 import time
 
-from server import Server, free_port
-from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, element, main, part10, run
+from server import Server
+from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, element, free_port, main, part10, run
+from upper_layer import (RELEASE, RELEASED, VERIFICATION, accept, association, dimse, item, message, pdu, receive, receive_bytes,
+                         respond)
 
 CLASS = "1.2.840.10008.5.1.4.1.1.7"
 
@@ -141,7 +143,9 @@ def test_killed_at_any_moment_it_keeps_what_it_acknowledged(folder):
         server.start()
         client = subprocess.Popen([PROGRAM, "store", *server.at, folder("in"), "--json"], stdout=subprocess.DEVNULL,
                                   stderr=subprocess.DEVNULL)
-        time.sleep(random.uniform(0.02, 0.25))
+        before, count = len(server.log("store")), random.randrange(100)
+        while len(server.log("store")) < before + count and client.poll() is None:
+            time.sleep(0.001)
         server.process.kill()
         server.process.communicate()
         client.wait(60)
@@ -197,7 +201,7 @@ def test_bad_peers_disturb_nobody(folder):
         def attack():
             while not stop.is_set():
                 for bytes_ in attacks:
-                    with socket.create_connection(("127.0.0.1", int(server.port))) as one:
+                    with socket.create_connection(server.at) as one:
                         one.sendall(bytes_)
                         one.settimeout(0.05)
                         try:
@@ -206,7 +210,7 @@ def test_bad_peers_disturb_nobody(folder):
                             pass
 
         threads = [threading.Thread(target=attack) for _ in range(4)]
-        silent = [socket.create_connection(("127.0.0.1", int(server.port))) for _ in range(200)]
+        silent = [socket.create_connection(server.at) for _ in range(200)]
         for thread in threads:
             thread.start()
         try:
@@ -227,34 +231,9 @@ def test_bad_peers_disturb_nobody(folder):
             assert len(os.listdir(descriptors)) <= 40, len(os.listdir(descriptors))
 
 
-def pdu(kind, content):
-    return bytes([kind, 0]) + struct.pack(">I", len(content)) + content
-
-
-def item(kind, content):
-    return bytes([kind, 0]) + struct.pack(">H", len(content)) + content
-
-
-def association(kind, calling=b"STRANGER", abstract=b"1.2.840.10008.1.1", syntax=b"1.2.840.10008.1.2", more=b"", role=b""):
-    """An A-ASSOCIATE-RQ (1) or -AC (2) with one presentation context, and what else is given."""
-    answer = kind == 2
-    context = bytes([1, 0, 0, 0]) + (b"" if answer else item(0x30, abstract)) + item(0x40, syntax)
-    user = item(0x50, item(0x51, struct.pack(">I", 16384)) + role)
-    return pdu(kind, b"\0\1\0\0" + b"ARCHIVE".ljust(16) + calling.ljust(16) + bytes(32) +
-               item(0x10, b"1.2.840.10008.3.1.1.1") + item(0x21 if answer else 0x20, context) + more + user)
-
-
-def message(field, message_id, *more, data_set=0x0101, abstract="1.2.840.10008.1.1"):
-    elements = (element(0x00000002, "UI", abstract, implicit=True) +
-                element(0x00000100, "US", struct.pack("<H", field), implicit=True) +
-                element(0x00000110, "US", struct.pack("<H", message_id), implicit=True) + b"".join(more) +
-                element(0x00000800, "US", struct.pack("<H", data_set), implicit=True))
-    return pdu(4, struct.pack(">IBB", len(elements) + 2, 1, 3) + elements)
-
-
 def talk(server, *pdus, until=b""):
     """Sends all, and reads until the server closes, or until `until` has come."""
-    with socket.create_connection(("127.0.0.1", int(server.port))) as one:
+    with socket.create_connection(server.at) as one:
         one.settimeout(15)
         received = b""
         try:
@@ -269,81 +248,45 @@ def talk(server, *pdus, until=b""):
         return received
 
 
-def short(tag, number):
-    return element(tag, "US", struct.pack("<H", number), implicit=True)
+def next_kind(connection):
+    """The type of the next PDU; None: the other side has closed."""
+    try:
+        return receive(connection)[0]
+    except (EOFError, ConnectionError):
+        return None
 
 
-class Peer:
-    """A connection of raw PDUs."""
-
-    def __init__(self, connection):
-        self.socket = connection
-        self.socket.settimeout(20)
-
-    def send(self, *pdus):
-        self.socket.sendall(b"".join(pdus))
-
-    def take(self, size):
-        data = b""
-        while len(data) < size:
-            piece = self.socket.recv(size - len(data))
-            if not piece:
-                raise EOFError
-            data += piece
-        return data
-
-    def receive(self):
-        """The kind of the next PDU, and its content; None: the other side has closed."""
-        try:
-            head = self.take(6)
-        except (EOFError, ConnectionError):
-            return None, b""
-        return head[0], self.take(struct.unpack(">I", head[2:])[0])
-
-    def message(self):
-        """A command set, and after it the data set that it announces."""
-        command, rest = b"", b""
-        while not command or (short(0x00000800, 0x0101) not in command and not rest[-1:] == b"."):
-            kind, content = self.receive()
-            assert kind == 4, (kind, content)
-            if content[5] & 1:
-                command += content[6:]
-            else:
-                rest += content[6:] + (b"." if content[5] & 2 else b"")
-        return command
-
-    def ask(self, service, number):
-        """C-FIND, C-GET or C-MOVE of the objects of a series."""
-        move = {0x0021: element(0x00000600, "AE", "TARGET", implicit=True)}.get(number, b"")
-        keys = ((0x00080018, "UI", ""), (0x00080052, "CS", "IMAGE" if number == 0x0020 else "SERIES"), (0x00100010, "PN", ""),
-                (0x00100020, "LO", "P0"), (0x0020000D, "UI", "1.2.0"), (0x0020000E, "UI", "1.2.0.1"))
-        identifier = b"".join(element(*key, implicit=True) for key in keys if key[2] or number == 0x0020)
-        self.send(message(number, 7, move, short(0x00000700, 0), data_set=1, abstract=service),
-                  pdu(4, struct.pack(">IBB", len(identifier) + 2, 1, 2) + identifier))
+def ask(connection, service, field):
+    """C-FIND, C-GET or C-MOVE of the objects of a series."""
+    find = field == 0x0020
+    keys = ((0x00080018, "UI", ""), (0x00080052, "CS", "IMAGE" if find else "SERIES"), (0x00100010, "PN", ""),
+            (0x00100020, "LO", "P0"), (0x0020000D, "UI", "1.2.0"), (0x0020000E, "UI", "1.2.0.1"))
+    identifier = b"".join(element(*key, implicit=True) for key in keys if key[2] or find)
+    connection.sendall(dimse(1, {0x0002: service, 0x0100: field, 0x0110: 7, 0x0700: 0,
+                                 **({0x0600: "TARGET"} if field == 0x0021 else {})}, identifier))
 
 
 MOVE, GET, FIND = (f"1.2.840.10008.5.1.4.1.2.1.{i}" for i in (2, 3, 1))
-RELEASE, RELEASED = pdu(5, bytes(4)), 6
 
 
 def requestor(server, service):
     """A peer with an association for a service and, as a provider, for storage."""
-    peer = Peer(socket.create_connection(("127.0.0.1", int(server.port))))
-    peer.send(association(1, b"ASKER", service.encode(), more=item(0x20, bytes([3, 0, 0, 0]) + item(0x30, CLASS.encode()) +
-                                                                   item(0x40, EXPLICIT.encode())),
-                          role=item(0x54, struct.pack(">H", len(CLASS)) + CLASS.encode() + b"\1\1")))
-    assert peer.receive()[0] == 2
+    peer = socket.create_connection(server.at)
+    peer.settimeout(20)
+    peer.sendall(association(1, [(1, service, IMPLICIT), (3, CLASS, EXPLICIT)], calling="ASKER",
+                             more=item(0x54, struct.pack(">H", len(CLASS)) + CLASS.encode() + b"\1\1")))
+    assert receive(peer)[0] == 2
     return peer
 
 
-def destination(listener, server, folder):
+def destination(listener, server):
     """Has a C-MOVE sent to a listener. @return the requestor, and the destination with the first C-STORE request"""
     asker = requestor(server, MOVE)
-    asker.ask(MOVE, 0x0021)
-    target = Peer(listener.accept()[0])
-    assert target.receive()[0] == 1
-    target.send(association(2, syntax=EXPLICIT.encode()))
-    return asker, target, target.message()
+    ask(asker, MOVE, 0x0021)
+    target, _ = listener.accept()
+    target.settimeout(20)
+    accept(target)
+    return asker, target, message(target)
 
 
 def listening():
@@ -358,11 +301,11 @@ def test_objects_of_a_move_name_who_asked_and_warnings_are_told(folder):
         peers = folder.write("peers", lines.format(other.port).encode())
         with Server(folder("archive"), "--peers", peers, "--timeout", "1") as server:
             fill(folder, server, 1)
-            asker, target, command = destination(listener, server, folder)
-            assert element(0x00001030, "AE", "ASKER", implicit=True) + short(0x00001031, 7) in command, command
-            target.send(message(0x8001, 1, short(0x00000120, 1), short(0x00000900, 0xB000), abstract=CLASS))
+            asker, target, (context, command, _, _) = destination(listener, server)
+            assert (command[0x1030], command[0x1031]) == (b"ASKER ", b"\7\0"), command
+            respond(target, context, command, 0xB000)
             assert server.wait("move", status="B000")["warnings"] == 1
-            asker.send(RELEASE)
+            asker.sendall(RELEASE)
             # One that answers no request for an association, names, and one that cannot be found.
             move = ("move", *server.at, "--level", "patient", "-k", "PatientID=P0", "--destination")
             run(*move, "TARGET", status=1)
@@ -379,44 +322,44 @@ def test_a_release_ends_what_is_under_way(folder):
         fill(folder, server, 400)
         # In the middle of an object of a C-GET, and of a C-MOVE whose destination is silent.
         peer = requestor(server, GET)
-        peer.ask(GET, 0x0010)
-        assert short(0x00000100, 1) in peer.message()
-        peer.send(RELEASE)
-        assert peer.receive()[0] == RELEASED
+        ask(peer, GET, 0x0010)
+        assert message(peer)[1][0x0100] == b"\1\0"
+        peer.sendall(RELEASE)
+        assert receive_bytes(peer) == RELEASED
         assert server.wait("get", end="released")["completed"] == 0
-        asker, target, _ = destination(listener, server, folder)
-        asker.send(RELEASE)
-        assert asker.receive()[0] == RELEASED
+        asker, target, _ = destination(listener, server)
+        asker.sendall(RELEASE)
+        assert receive_bytes(asker) == RELEASED
         assert server.wait("move", end="released")["destination"] == "TARGET"
-        assert target.receive()[0] is None
+        assert next_kind(target) is None
         # More answers of C-FIND than the connection holds.
         peer = requestor(server, FIND)
         for _ in range(15):
-            peer.ask(FIND, 0x0020)
-        peer.message()
-        peer.send(RELEASE)
+            ask(peer, FIND, 0x0020)
+        message(peer)
+        peer.sendall(RELEASE)
         run("echo", *server.at)
         answers = 1
-        while (kind := peer.receive()[0]) == 4:
+        while (kind := next_kind(peer)) == 4:
             answers += 1
-        assert kind == RELEASED
+        assert kind == RELEASED[0]
         assert server.wait("find", end="released") and answers < 15 * 201, answers
 
 
 def test_a_peer_cannot_accept_itself_and_gets_an_answer_to_every_request(folder):
     peers = folder.write("peers", b"FRIEND 127.0.0.1 104\n")
     with Server(folder("archive"), "--peers", peers, "--known-callers") as server:
-        echo = message(0x0030, 7)
+        echo = dimse(1, {0x0002: VERIFICATION, 0x0100: 0x0030, 0x0110: 7})
         assert talk(server, association(1), association(2), echo)[:1] == b"\3"  # rejected, and nothing after it
-        for forged in (association(2), pdu(3, b"\0\1\1\1"), pdu(6, bytes(4))):
+        for forged in (association(2), pdu(3, b"\0\1\1\1"), RELEASED):
             assert talk(server, forged, echo) == b"", forged
-        friend = association(1, b"FRIEND")
+        friend = association(1, calling="FRIEND")
         status = element(0x00000900, "US", struct.pack("<H", 0x0211), implicit=True)
         for field in (0x0100, 0x0110, 0x0120, 0x0140, 0x0150, 0x7777):
-            assert status in talk(server, friend, message(field, 9), until=status), hex(field)
+            assert status in talk(server, friend, dimse(1, {0x0002: VERIFICATION, 0x0100: field, 0x0110: 9}), until=status), hex(field)
             assert server.log("refused")[-1]["command"] == f"{field:04X}"
         # Releases without end are answered once, and the connection ends.
-        assert talk(server, friend, pdu(5, bytes(4)) * 1000).count(pdu(6, bytes(4))) == 1
+        assert talk(server, friend, RELEASE * 1000).count(RELEASED) == 1
 
 
 def test_what_is_stored_while_the_index_is_locked_is_kept(folder):

@@ -2,17 +2,10 @@
 import json
 import os
 import signal
-import socket
 import subprocess
 import time
 
 from support import PROGRAM
-
-
-def free_port():
-    with socket.socket() as one:
-        one.bind(("127.0.0.1", 0))
-        return one.getsockname()[1]
 
 
 class Server:

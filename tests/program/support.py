@@ -2,6 +2,7 @@
 import json
 import os
 import shutil
+import socket
 import struct
 import subprocess
 import sys
@@ -141,6 +142,12 @@ def samples():
         folders.sort()
         found += [os.path.join(place, name) for name in sorted(names)]
     return found
+
+
+def free_port():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        return str(probe.getsockname()[1])
 
 
 def skip(reason):
