@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -137,6 +138,11 @@ public:
     void WaitFor(VDicomUInt64 count) const {
         while (answers < count)
             VDicomMessageLoop::RunOnce(1000);
+    }
+    /// A server that ends must not keep the benchmark waiting.
+    void OnClose(int nError, VDicomNet*) override {
+        std::fprintf(stderr, "the server has closed the connection: %d\n", nError);
+        std::exit(1);
     }
     VDicomUInt64 answers = 0;
 };

@@ -39,7 +39,7 @@ void EmptyFolder(const std::string& folder) {
     }
 }
 
-std::unique_ptr<Database> OpenIndex(const ArchiveFolder& folder, bool sync) {
+std::unique_ptr<Database> OpenIndex(const ArchiveFolder& folder) {
     const std::string path = folder.Index();
     if (!fs::exists(path)) {
         if (HasFiles(folder.Root()))
@@ -53,7 +53,7 @@ std::unique_ptr<Database> OpenIndex(const ArchiveFolder& folder, bool sync) {
     if (const std::string reason = CheckSchema(*database); !reason.empty())
         throw ArchiveError(path + ": " + reason);
     database->Execute("PRAGMA cache_size = -65536");
-    database->Execute(sync ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+    database->Execute("PRAGMA synchronous = NORMAL"); // IndexWriter raises it
     return database;
 }
 
@@ -75,7 +75,7 @@ ArchiveFolder::ArchiveFolder(std::string folder) : m_root(std::move(folder)) {
 
 Archive::Archive(const ArchiveOptions& options) try : m_options(options), m_folder(options.folder) {
     EmptyFolder(m_folder.Unfinished());
-    m_database = OpenIndex(m_folder, options.sync);
+    m_database = OpenIndex(m_folder);
     m_index = std::make_unique<IndexWriter>(*m_database);
     m_store = std::make_unique<FileStore>(StorePlaces{m_folder.Root(), m_folder.Unfinished(), m_folder.Journal()},
                                           *m_index, options.sync);

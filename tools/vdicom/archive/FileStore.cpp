@@ -96,7 +96,9 @@ void FileStore::Replay(const FileComplaint& complaint) {
         replaced.erase(path);
     }
     m_index.Commit();
-    m_journal.Clear();
+    if (const int error = m_journal.Clear(); error != 0)
+        throw fs::filesystem_error("the journal cannot be emptied", m_places.journal,
+                                   std::error_code(error, std::generic_category()));
     for (const std::string& path : replaced)
         Delete(path);
 }
@@ -153,8 +155,7 @@ Outcome FileStore::MakeFolder(const std::string& folder) {
     for (std::size_t end = folder.find('/'); !error; end = folder.find('/', end + 1)) {
         const std::string part = folder.substr(0, end);
         fs::create_directory(m_places.folder + '/' + part, error);
-        if (m_sync) // also where it is there: the process that made it may have been killed since
-            m_changed.insert(above);
+        m_changed.insert(above); // also where it is there: the process that made it may have been killed since
         above = part;
         if (end == std::string::npos)
             break;
@@ -205,7 +206,8 @@ Outcome FileStore::Place(IncomingFile& file, Record& record) {
     const std::string folder = path.substr(0, path.rfind('/'));
     if (Outcome outcome = MakeFolder(folder); !outcome.IsSuccess())
         return outcome;
-    if (m_sync && file.m_stream.Sync() == 0)
+    // What replaces another object's file must not be lost together with it.
+    if ((m_sync || !present.empty()) && file.m_stream.Sync() == 0)
         return OutOfResources("the file cannot be written: " + SystemText(file.m_stream.GetError()));
     const std::uint64_t size = file.m_stream.GetSize64();
     if (file.m_stream.Close(0) == 0)
@@ -217,8 +219,7 @@ Outcome FileStore::Place(IncomingFile& file, Record& record) {
         return OutOfResources("the file cannot take its place: " + error.message());
     }
     file.m_path.clear();
-    if (m_sync)
-        m_changed.insert(folder);
+    m_changed.insert(folder);
     m_uids.insert(uid);
     if (!present.empty())
         m_replaced.insert(present);
@@ -226,16 +227,15 @@ Outcome FileStore::Place(IncomingFile& file, Record& record) {
     return {};
 }
 
-bool FileStore::SyncFolders(std::string& reason) {
-    for (const std::string& folder : m_changed) {
+Outcome FileStore::SyncFolders() {
+    std::set<std::string> changed;
+    changed.swap(m_changed);
+    for (const std::string& folder : changed) {
         int error = 0;
-        if (VDicomFile::SyncFolder((m_places.folder + '/' + folder).c_str(), &error) == 0) {
-            reason = SystemText(error);
-            return false;
-        }
+        if (VDicomFile::SyncFolder((m_places.folder + '/' + folder).c_str(), &error) == 0)
+            return OutOfResources("the folders cannot be written: " + SystemText(error));
     }
-    m_changed.clear();
-    return true;
+    return {};
 }
 
 // Nothing of this turn's is in the journal or the index.
@@ -246,7 +246,6 @@ Outcome FileStore::GiveUp(const std::string& reason) {
         m_uids.erase(object.record.Get(tag::kInstance));
     }
     m_placed.clear();
-    m_changed.clear();
     m_known.clear();
     m_failure.clear();
     return OutOfResources(reason);
@@ -259,9 +258,10 @@ bool FileStore::IsDue() const {
 Outcome FileStore::Flush() {
     if (!m_failure.empty())
         return GiveUp(std::string(m_failure));
-    std::string reason;
-    if (m_sync && !SyncFolders(reason))
-        return GiveUp("the folders cannot be written: " + reason);
+    if (m_sync) {
+        if (Outcome outcome = SyncFolders(); !outcome.IsSuccess())
+            return GiveUp(outcome.comment);
+    }
     if (!m_sync && !m_placed.empty()) {
         std::vector<std::string> lines;
         for (const Placed& object : m_placed)
@@ -286,26 +286,42 @@ Outcome FileStore::Flush() {
     return GiveUp(outcome.comment);
 }
 
-Outcome FileStore::Settle() {
-    m_refusal.clear();
-    if (m_unsettled.empty())
-        return {};
+Outcome FileStore::PutIntoIndex() {
+    // Before a former file goes, what takes its place is on the disk.
+    const bool lasting = m_sync || std::any_of(m_unsettled.begin(), m_unsettled.end(),
+                                               [](const Placed& object) { return !object.replaced.empty(); });
+    if (lasting) {
+        if (Outcome outcome = SyncFolders(); !outcome.IsSuccess())
+            return outcome;
+    }
+    m_changed.clear();
     try {
+        m_index.SetLasting(lasting);
         for (const Placed& object : m_unsettled)
             m_index.Put(object.record, object.path, object.size);
         m_index.Commit();
+        return {};
     } catch (const DatabaseError& error) {
-        m_refusal = std::string("the index cannot be written: ") + error.what();
-    }
-    if (!m_refusal.empty()) {
+        const std::string reason = std::string("the index cannot be written: ") + error.what();
         try {
             m_index.Rollback();
         } catch (const DatabaseError&) { // it is closed without a commit then, which does the same
         }
-        return OutOfResources(m_refusal);
+        return OutOfResources(reason);
     }
-    if (!m_sync)
-        m_journal.Clear();
+}
+
+Outcome FileStore::Settle() {
+    m_refusal.clear();
+    Outcome outcome = m_unsettled.empty() ? Outcome{} : PutIntoIndex();
+    // Lines that stay would bring an object's former file back some day.
+    if (outcome.IsSuccess() && !m_journal.IsEmpty()) {
+        if (const int error = m_journal.Clear(); error != 0)
+            outcome = OutOfResources("the journal cannot be emptied: " + SystemText(error));
+    }
+    m_refusal = outcome.comment;
+    if (!outcome.IsSuccess())
+        return outcome;
     for (const Placed& object : m_unsettled) {
         m_uids.erase(object.record.Get(tag::kInstance));
         if (!object.replaced.empty() && m_replaced.erase(object.replaced) != 0)

@@ -6,7 +6,8 @@
 ///
 /// made of VDicomFile::MakeFileName; objects without Patient ID are below "%none". An object that is stored again
 /// replaces the one before: its file takes the other one of the two names UID.dcm and UID~.dcm, the index follows, and
-/// only then the old file goes. So a query or a killed process sees one or the other, whole.
+/// only then the old file goes. So a query or a killed process sees one or the other, whole; the new file is on the
+/// disk by then, so that a power failure leaves one of them too.
 ///
 /// A transaction of the index costs more than all else, so it takes in many objects; until then they stand in the
 /// journal, from which the next process makes good what a killed one has left out.
@@ -74,7 +75,8 @@ public:
     FileStore(const FileStore&) = delete;
     FileStore& operator=(const FileStore&) = delete;
 
-    /// To be called first: puts into the index what the journal of a killed process names. @throw DatabaseError
+    /// To be called first: puts into the index what the journal of a killed process names.
+    /// @throw DatabaseError; std::filesystem::filesystem_error: the journal cannot be emptied
     void Replay(const FileComplaint& complaint);
 
     /// Opens a file for an object, with preamble and group 0002 written. @return 0; A700: the disk is full, or the
@@ -89,15 +91,16 @@ public:
 
     /// Makes what was committed since the last Flush last: all of it, or nothing. Call it once for all that arrived in
     /// one turn of an event loop, and acknowledge then; and now and then when nothing arrives.
-    /// @return 0; A700: none of these objects was stored, each has to be answered with it
+    /// @return 0; A700: each of these objects has to be answered with it. None was stored, but perhaps one that came
+    ///         twice in the turn, and those before it
     Outcome Flush();
 
     /// Brings the index up to the last Flush, so that queries find what was acknowledged. @return 0; A700: the index
     /// refuses; what was acknowledged stays in the journal and is tried again
     Outcome Settle();
 
-    /// How many objects wait for Flush.
-    std::size_t Waiting() const { return m_placed.size(); }
+    /// Why the last Settle failed; empty: it did not.
+    const std::string& Refusal() const { return m_refusal; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -110,10 +113,11 @@ private:
     };
 
     Outcome Place(IncomingFile& file, Record& record);
+    Outcome PutIntoIndex();
     Outcome MakeFolder(const std::string& folder);
     std::string PathFor(const Record& record, const std::string& present);
     bool IsTaken(const std::string& path, const std::string& instanceUid);
-    bool SyncFolders(std::string& reason);
+    Outcome SyncFolders();
     bool IsDue() const;
     Outcome GiveUp(const std::string& reason);
     void Delete(const std::string& path) const;

@@ -125,6 +125,12 @@ void IndexWriter::Commit() {
     m_open = false;
 }
 
+void IndexWriter::SetLasting(bool lasting) {
+    if (lasting != m_lasting)
+        m_database.Execute(lasting ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+    m_lasting = lasting;
+}
+
 void IndexWriter::Rollback() {
     Forget();
     m_more.clear();

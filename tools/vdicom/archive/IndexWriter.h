@@ -34,7 +34,8 @@ public:
 
     void Commit();
     void Rollback();
-    bool IsOpen() const { return m_open; }
+    /// Whether the next Commit outlasts a power failure. Not between Put and Commit.
+    void SetLasting(bool lasting);
 
 private:
     struct Row {
@@ -72,6 +73,7 @@ private:
     std::unordered_set<std::string> m_classes;             ///< series and class that are known to be there
     std::unordered_map<std::int64_t, std::int64_t> m_more; ///< series: instances since the last Commit
     bool m_open = false;
+    bool m_lasting = false;
 
     Statement m_find, m_ofAnother, m_remove;
     Statement m_look[3], m_insert[3], m_update[3];

@@ -34,11 +34,13 @@ int Journal::Append(const std::vector<std::string>& lines) {
     return error;
 }
 
-void Journal::Clear() {
+int Journal::Clear() {
     std::error_code error;
     std::filesystem::resize_file(m_path, 0, error);
-    if (!error)
-        m_size = 0;
+    if (error && error != std::errc::no_such_file_or_directory)
+        return error.value();
+    m_size = 0;
+    return 0;
 }
 
 } // namespace archive

@@ -22,8 +22,10 @@ public:
     /// @return 0; else the system's error
     int Append(const std::vector<std::string>& lines);
 
-    /// Takes the lines away. Where that fails they are read once more, which does no harm.
-    void Clear();
+    /// Takes the lines away. @return 0; else the system's error: they are still there
+    int Clear();
+    /// Whether this process has added lines that are still there.
+    bool IsEmpty() const { return m_size == 0; }
 
 private:
     std::string m_path;

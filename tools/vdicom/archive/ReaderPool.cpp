@@ -13,16 +13,13 @@ std::unique_ptr<Database> ReaderPool::Take() {
 void ReaderPool::Give(std::unique_ptr<Database> reader) {
     if (!reader || m_idle.size() >= kKept)
         return;
-    sqlite3* handle = reader->Handle();
-    const bool isInside = sqlite3_get_autocommit(handle) == 0;
-    if (!isInside || sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr) == SQLITE_OK)
-        m_idle.push_back(std::move(reader));
+    m_idle.push_back(std::move(reader));
 }
 
 Selection::Selection(ReaderPool& pool, std::string_view sql)
     : m_pool(pool), m_reader(pool.Take()), m_statement(std::make_unique<Statement>(*m_reader, sql)) {}
 
-void Selection::End() {
+Selection::~Selection() {
     m_statement.reset();
     m_pool.Give(std::move(m_reader));
 }

@@ -1,6 +1,6 @@
 /// @file ReaderPool.h
-/// Connections for reading the index. Each query has one of its own, so that it sees the index as it was when its
-/// first row was read, and the next query sees what was stored meanwhile.
+/// Connections for reading the index. Each C-FIND has one of its own, so that it sees the index as it was when its
+/// first row was read, and the next one sees what was stored meanwhile.
 #pragma once
 
 #include "Database.h"
@@ -16,7 +16,7 @@ public:
     explicit ReaderPool(std::string path) : m_path(std::move(path)) {}
 
     std::unique_ptr<Database> Take();
-    /// No statement of it may be left. A transaction that it is in ends.
+    /// No statement of it may be left.
     void Give(std::unique_ptr<Database> reader);
 
 private:
@@ -30,15 +30,12 @@ private:
 class Selection {
 public:
     Selection(ReaderPool& pool, std::string_view sql);
-    ~Selection() { End(); }
+    ~Selection();
     Selection(const Selection&) = delete;
     Selection& operator=(const Selection&) = delete;
 
-    /// Not after End.
     Statement& Rows() const { return *m_statement; }
     Database& Reader() const { return *m_reader; }
-    /// Gives the connection back before the destructor does.
-    void End();
 
 private:
     ReaderPool& m_pool;

@@ -9,7 +9,7 @@ namespace archive {
 Retrieval::Retrieval(const Query& query, ReaderPool& pool, std::string folder)
     : m_folder(std::move(folder)),
       m_row(pool, "SELECT series.folder, instance.file, instance.SOPInstanceUID, instance.SOPClassUID, "
-                  "instance.AvailableTransferSyntaxUID, instance.size FROM instance "
+                  "instance.AvailableTransferSyntaxUID FROM instance "
                   "JOIN series ON series.id = instance.series WHERE instance.id = ?1") {
     const SelectText select =
         SelectForRetrieval(query, "instance.id, instance.SOPClassUID, instance.AvailableTransferSyntaxUID");
@@ -28,19 +28,25 @@ Retrieval::Retrieval(const Query& query, ReaderPool& pool, std::string folder)
 bool Retrieval::Next(RetrievedObject& object) {
     if (m_next == m_ids.size())
         return false;
+    ++m_next;
+    Find(object);
+    return true;
+}
+
+bool Retrieval::Find(RetrievedObject& object) {
     object = {};
     Statement& row = m_row.Rows();
-    if (row.BindAll(m_ids[m_next++]).Step()) {
+    const bool isThere = row.BindAll(m_ids[m_next - 1]).Step();
+    if (isThere) {
         object.instanceUid = row.Text(2);
         const std::string_view file = row.Text(1);
         object.path = m_folder + '/';
         object.path += file.empty() ? UsualFile(std::string(row.Text(0)), object.instanceUid) : std::string(file);
         object.classUid = row.Text(3);
         object.transferSyntax = row.Text(4);
-        object.size = static_cast<std::uint64_t>(row.Number(5));
     }
     row.Reset();
-    return true;
+    return isThere;
 }
 
 } // namespace archive

@@ -16,7 +16,6 @@ struct RetrievedObject {
     std::string classUid;
     std::string instanceUid;
     std::string transferSyntax;
-    std::uint64_t size = 0; ///< of the file in bytes
 };
 
 /// What a presentation context has to be proposed for.
@@ -36,6 +35,8 @@ public:
     const std::vector<RetrievedSyntax>& Syntaxes() const { return m_syntaxes; }
     /// @return false when there are no more @throw DatabaseError
     bool Next(RetrievedObject& object);
+    /// Looks once more for the object that Next gave last. @return whether it is there @throw DatabaseError
+    bool Find(RetrievedObject& object);
 
 private:
     std::string m_folder;

@@ -46,12 +46,12 @@ void FindOperation::Drop(const std::string& why) {
 }
 
 Operation::Pace FindOperation::Finish(unsigned short status, const std::string& comment) {
-    m_session.Answer(m_request, {status, comment});
     m_session.LogOperation(status == 0 ? LogLine::Level::info : LogLine::Level::warning, "find")
         .Add("class", m_request.classUid)
         .AddStatus(status)
         .Add("matches", m_matches)
         .Add("comment", comment);
+    m_session.Answer(m_request, {status, comment}); // which may end the session
     return Pace::done;
 }
 

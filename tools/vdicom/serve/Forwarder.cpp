@@ -43,7 +43,9 @@ void Forwarder::Open(const std::vector<StoreContext>& contexts) {
 void Forwarder::FindAddresses() {
     if (!m_lookup->IsDone()) {
         if (m_settings.timeout != 0 && Clock::now() > m_begin + std::chrono::milliseconds(m_settings.timeout))
-            Lost(fmt::format("the name server is slow to tell of {}", m_peer.host));
+            Lost(fmt::format("the name server is slow to tell of {}; put its address into the peers file, or "
+                             "give a longer --timeout",
+                             m_peer.host));
         return;
     }
     const std::unique_ptr<HostLookup> lookup = std::move(m_lookup);

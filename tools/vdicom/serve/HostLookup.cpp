@@ -3,9 +3,12 @@
 #include "VDicomMessageLoop.h"
 #include "VDicomNet.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
 #include <map>
 #include <mutex>
+#include <new>
 #include <sstream>
 #include <thread>
 
@@ -21,9 +24,15 @@ struct HostLookup::Shared {
 
 namespace {
 
-// An IPv6 address has a colon, and an IPv4 address nothing but digits and dots.
+// What is certainly one: "127.0.0.1" or "::1". All else goes to a thread, which also finds out what is wrong with it.
 bool IsAddress(const std::string& host) {
-    return host.find(':') != std::string::npos || host.find_first_not_of("0123456789.") == std::string::npos;
+    unsigned int parts[4];
+    int end = 0;
+    if (std::sscanf(host.c_str(), "%3u.%3u.%3u.%3u%n", &parts[0], &parts[1], &parts[2], &parts[3], &end) == 4)
+        return static_cast<std::size_t>(end) == host.size() &&
+               std::all_of(parts, parts + 4, [](unsigned int part) { return part <= 255; });
+    return std::count(host.begin(), host.end(), ':') > 1 &&
+           host.find_first_not_of("0123456789abcdefABCDEF:.") == std::string::npos;
 }
 
 } // namespace
@@ -55,7 +64,11 @@ HostLookup::HostLookup(const std::string& host) {
         const unsigned int code = VDicomNet::FindAddresses(host.c_str(), addresses.data(), addresses.size());
         const std::lock_guard<std::mutex> lock(shared->mutex);
         shared->code = code;
-        shared->addresses = addresses.data();
+        try {
+            shared->addresses = addresses.data();
+        } catch (const std::bad_alloc&) {
+            shared->code = DICOM_ERROR_MEMORY;
+        }
         shared->isDone = true;
         if (shared->wanted != 0)
             VDicomMessageLoop::WakeUp(loop);

@@ -85,6 +85,10 @@ bool Server::Turn() {
 void Server::Flush() {
     // Also after a failure that nobody waits with, which the store forgets then.
     const archive::Outcome outcome = m_archive.Store().Flush();
+    const std::string& refusal = m_archive.Store().Refusal();
+    if (refusal != m_refusal && !refusal.empty())
+        m_log.Error("index").Add("comment", refusal);
+    m_refusal = refusal;
     std::vector<Waiting> waiting;
     waiting.swap(m_waiting);
     for (const Waiting& one : waiting) {

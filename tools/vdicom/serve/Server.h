@@ -101,6 +101,7 @@ private:
     std::uint64_t m_number = 0;
     std::size_t m_operations = 0;
     std::map<std::uint64_t, std::unique_ptr<Session>> m_sessions;
+    std::string m_refusal;                            ///< of the archive's index, as it was logged
     std::vector<Waiting> m_waiting;                   ///< stored objects that are not acknowledged
     std::set<std::uint64_t> m_working;                ///< sessions whose operations are to go on
     std::vector<std::uint64_t> m_ended;               ///< sessions that have

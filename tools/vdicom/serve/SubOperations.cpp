@@ -29,13 +29,29 @@ const archive::RetrievedObject* SubOperations::Next() {
     if (m_underWay)
         return nullptr;
     while (!m_has && m_retrieval->Next(m_object)) {
-        const auto same = [&](const ObjectKind& kind) {
-            return kind.classUid == m_object.classUid && kind.syntaxUid == m_object.transferSyntax;
-        };
-        m_kind = static_cast<std::size_t>(std::find_if(m_kinds.begin(), m_kinds.end(), same) - m_kinds.begin());
-        m_has = m_kind != m_kinds.size(); // else it arrived after the request, of a kind that nothing was proposed for
+        m_kind = KindOf(m_object);
+        m_has = m_kind != m_kinds.size();
+        if (!m_has)
+            Fail("it was stored again meanwhile, in another class or transfer syntax; fetch it again");
     }
     return m_has ? &m_object : nullptr;
+}
+
+std::size_t SubOperations::KindOf(const archive::RetrievedObject& object) const {
+    const auto same = [&](const ObjectKind& kind) {
+        return kind.classUid == object.classUid && kind.syntaxUid == object.transferSyntax;
+    };
+    return static_cast<std::size_t>(std::find_if(m_kinds.begin(), m_kinds.end(), same) - m_kinds.begin());
+}
+
+// It may have been stored again while the association was made, and its file have gone.
+unsigned int SubOperations::Load() {
+    const unsigned int code = m_ds.LoadDS(m_object.path.c_str(), 0);
+    archive::RetrievedObject now;
+    if (code == DICOM_OK || !m_retrieval->Find(now) || now.path == m_object.path || KindOf(now) != m_kind)
+        return code;
+    m_object = std::move(now);
+    return m_ds.LoadDS(m_object.path.c_str(), 0);
 }
 
 void SubOperations::Send(StoreChannel& channel) {
@@ -43,7 +59,7 @@ void SubOperations::Send(StoreChannel& channel) {
     if (context == nullptr)
         return Fail("the peer did not accept its class and transfer syntax");
     m_ds.ResetDS();
-    unsigned int code = m_ds.LoadDS(m_object.path.c_str(), 0);
+    unsigned int code = Load();
     if (code == DICOM_OK) {
         m_messageId = channel.NextMessageId();
         code = channel.Store(context->id, m_messageId, m_object, m_ds);

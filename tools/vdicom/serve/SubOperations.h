@@ -73,6 +73,9 @@ public:
 
 private:
     static unsigned short Number(std::uint64_t count);
+    /// m_kinds.size(): it is none of them.
+    std::size_t KindOf(const archive::RetrievedObject& object) const;
+    unsigned int Load();
 
     std::unique_ptr<archive::Retrieval> m_retrieval;
     std::vector<ObjectKind> m_kinds;
