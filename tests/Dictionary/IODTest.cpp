@@ -154,6 +154,7 @@ TEST_F(IODs, AreBuiltOnFirstUse) {
     IODTree shared;
     std::atomic<int> whole = 0;
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int i = 0; i < 8; ++i)
         threads.emplace_back([&] { whole += shared.GetCount(nullptr, 0) == 45731 ? 1 : 0; });
     for (std::thread& thread : threads)

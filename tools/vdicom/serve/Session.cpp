@@ -18,8 +18,8 @@ namespace {
 
 using archive::Outcome;
 
-constexpr VDicomULong kClass = 0x00000002, kRequestedClass = 0x00000003, kField = 0x00000100, kMessageId = 0x00000110,
-                      kRespondedTo = 0x00000120, kStatus = 0x00000900, kComment = 0x00000902, kInstance = 0x00001000;
+constexpr VDicomULong kClass = 0x00000002, kField = 0x00000100, kMessageId = 0x00000110, kRespondedTo = 0x00000120,
+                      kStatus = 0x00000900, kComment = 0x00000902, kInstance = 0x00001000;
 constexpr unsigned short kShort = 1, kText = 5; // value types of FindGetValue
 
 constexpr unsigned short kStoreRequest = 0x0001, kResponse = 0x8000, kEcho = 0x0030, kFind = 0x0020, kGet = 0x0010,
