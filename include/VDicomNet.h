@@ -19,7 +19,7 @@ class Connection;
 enum DICOMSECUREMODE : VDicomLong {
     DICOM_SECURE_NONE = static_cast<VDicomLong>(0xABCD0000u), ///< plain DICOM
     DICOM_SECURE_ISCL = static_cast<VDicomLong>(0xABCD0001u), ///< not available
-    DICOM_SECURE_TLS = static_cast<VDicomLong>(0xABCD0002u)   ///< TLS
+    DICOM_SECURE_TLS = static_cast<VDicomLong>(0xABCD0002u)   ///< TLS; not available (DICOM_ERROR_UNSUPPORTED)
 };
 
 /// Waits that can be given an end (VDicomNet::SetTimeout).
@@ -272,21 +272,25 @@ public:
     /// Connects to a peer. OnConnect tells when it is done.
     /// @param hostAddress name or address of the own interface; null: the system chooses
     /// @param hostPort own port; 0: the system chooses
+    /// @param peerAddress name or address of the peer; null or empty: this machine
     /// @return 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET_OPTION; DICOM_ERROR_CONNECT (refused at once);
-    /// DICOM_ERROR_SOCKET_CONNECTED (the object has a live connection); DICOM_ERROR_MEMORY
+    /// DICOM_ERROR_SOCKET_CONNECTED (the object has a live connection); DICOM_ERROR_PARAMETER or
+    /// DICOM_ERROR_UNSUPPORTED (the mode was refused, see Initialize); DICOM_ERROR_MEMORY
     unsigned int Connect(const char* hostAddress, unsigned int hostPort, const char* peerAddress,
                          unsigned int peerPort);
     /// Makes the object a server. OnAccept tells of each connection that is waiting. A server counts as connected.
     /// @param hostAddress name or address of the interface to listen at; null: all
     /// @param hostPort 0: the system chooses one, which GetHostInfo tells
     /// @param backlog how many connections may wait for Accept
-    /// @return 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET_CONNECTED (the object is connected or listens)
+    /// @return 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_SOCKET_CONNECTED (the object is connected or listens);
+    /// DICOM_ERROR_PARAMETER or DICOM_ERROR_UNSUPPORTED (the mode was refused); DICOM_ERROR_MEMORY
     unsigned int Listen(const char* hostAddress, unsigned int hostPort, int backlog);
     /// Takes a waiting connection; called from OnAccept of a server.
     /// @param client a new object, which stays the application's; it must be closed before the server is destroyed, or
     /// is then closed by it. Its settings (time-outs, buffers, ...) are its own.
-    /// @return 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_PARAMETER (null); DICOM_ERROR_SOCKET_NOT_CONNECTED (no server,
-    /// or `client` is connected); DICOM_ERROR_MEMORY
+    /// @return 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_PARAMETER (null, or the mode of `client` was refused);
+    /// DICOM_ERROR_UNSUPPORTED (likewise); DICOM_ERROR_SOCKET_NOT_CONNECTED (no server, or `client` is connected);
+    /// DICOM_ERROR_MEMORY
     unsigned int Accept(VDicomNet* client);
     /// Closes the connection at once, without notification; what is queued and not yet sent is lost. Connections that a
     /// server has accepted close with it.
@@ -334,9 +338,8 @@ public:
     /// OnReceive(DICOM_ERROR_PDU_LENGTH, ...), and nothing is received after it.
     void SetLargestPDU(VDicomULong length);
     /// Bytes of a data set that is received, and that a deflated one inflates to; unless set there is no limit of the
-    /// first and one of 16 GiB of the second. A longer one is told by OnReceive(DICOM_ERROR_SIZE or
-    /// DICOM_ERROR_DEFLATE,
-    /// ...) and dropped.
+    /// first and one of 16 GiB of the second. A longer one is told by OnReceive(DICOM_ERROR_SIZE, ...), when inflated
+    /// by OnReceive(DICOM_ERROR_DEFLATE, ...), and dropped.
     void SetLargestDataSet(VDicomUInt64 bytes);
     /// The system's buffers of sockets that are made from now on, in bytes; 29696 each unless set, 0: the system's own.
     /// Less than two segments of the network make large data sets slow, since the sender then waits for delayed
@@ -411,7 +414,9 @@ public:
     /// message then has none. @return 0; DICOM_ERROR_PARAMETER (a text is null); codes of SendData
     /// @{
 
-    /// @param classUID, instanceUID null: not sent @param moveAE is not sent @param moveMessageID is always sent
+    /// @param classUID, instanceUID null: not sent @param moveAE is not sent: for an object that a C-MOVE asked for,
+    /// make the command with (0000,1030) Move Originator Application Entity Title and use SendData
+    /// @param moveMessageID is always sent
     unsigned int SendCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
                                    const char* instanceUID, unsigned short priority, const char* moveAE,
                                    unsigned short moveMessageID, VDicomDS* ds);
@@ -474,18 +479,22 @@ public:
     /// Connect has ended. @param nError 0; after a failure the connection is closed when this returns; to connect again
     /// from here, Close it first
     virtual void OnConnect(int nError);
-    /// A connection waits for Accept.
+    /// A connection waits for Accept. @param nError 0; DICOM_ERROR_SOCKET_... : the system could not take it
     virtual void OnAccept(int nError);
     /// The peer has closed, or the connection broke; of an accepted connection the server is notified. It is closed
-    /// when this returns; the connection may be deleted here. @param connection the one that is concerned
+    /// when this returns; the connection may be deleted here.
+    /// @param nError 0: the peer closed; DICOM_ERROR_SOCKET_... : the connection broke; DICOM_ERROR_TIMEOUT;
+    /// DICOM_ERROR_READ: a data set that is sent in place cannot be read @param connection the one that is concerned
     virtual void OnClose(int nError, VDicomNet* connection);
     /// A PDU has arrived; its own notification comes after this one. Also every failure of receiving.
     /// @param nError 0; a result code (DICOM_ERROR_PDU_LENGTH, DICOM_ERROR_TIMEOUT, codes of decoding ...): it is the
     /// application's to abort or close @param nType the PDU's type (PS3.8 9.3.1) @param buffer the whole PDU; may be
     /// null with an error
     virtual void OnReceive(int nError, unsigned char nType, char* buffer, VDicomULong length);
-    /// A PDU has left. @param nType its type, 0 with an error @param nBytes bytes of it that went in the last call of
-    /// the system
+    /// A PDU has left as a whole, or sending failed; the end of the connection is then told by OnClose.
+    /// @param nError 0; DICOM_ERROR_SOCKET_... ; DICOM_ERROR_READ (see OnClose) @param nType the PDU's type (PS3.8
+    /// 9.3.1), 0 with an error @param nBytes its last part, which the system took in one go: less than the PDU where
+    /// that left in several; 0 with an error
     virtual void OnSend(int nError, unsigned char nType, VDicomULong nBytes);
     /// @}
 
@@ -494,11 +503,13 @@ public:
     /// @{
     virtual void OnReceiveAssociateRequest(VDicomAssociate* request);
     virtual void OnReceiveAssociateAccept(VDicomAssociate* accept);
+    /// PS3.8 Table 9-21.
     virtual void OnReceiveAssociateReject(unsigned char result, unsigned char source, unsigned char reason);
     /// Any message has arrived; its own notification comes after this one. @param data null: it has none
     virtual void OnReceiveData(unsigned char id, VDicomDS* command, VDicomDS* data);
     virtual void OnReceiveReleaseRequest();
     virtual void OnReceiveReleaseResponse();
+    /// PS3.8 Table 9-26.
     virtual void OnReceiveAbort(unsigned char source, unsigned char reason);
     /// @}
 
