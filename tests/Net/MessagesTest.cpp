@@ -258,9 +258,12 @@ TEST_F(MessagesTest, CallbackTables) {
         peer.SendAssociateReject(1, 2, 3);
         caller.SendReleaseRequest();
         peer.SendReleaseResponse();
-        Settle();
+        const auto called = [](const char* call) {
+            return std::find(g_calls.begin(), g_calls.end(), call) != g_calls.end();
+        };
+        ASSERT_TRUE(RunUntil([&] { return called("OnReceiveReleaseResponse") && called("OnReceiveReleaseRequest"); }));
         peer.SendAbort(0, 6);
-        Settle();
+        ASSERT_TRUE(RunUntil([&] { return called("OnReceiveAbort 0 6"); }));
         caller.OnClose(2, &peer);
         caller.OnAccept(31);
         caller.OnSecureLinkReady(5);
