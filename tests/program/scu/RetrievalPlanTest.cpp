@@ -64,6 +64,16 @@ TEST(RetrievalPlan, SeriesAreDividedWhereTheirContextsDoNotFit) {
     const std::vector<Retrieval> one = PlanRetrievals(image, holdings, 127);
     ASSERT_EQ(one.size(), 1U);
     EXPECT_EQ(one[0].offers.size(), 20U);
+
+    // A whole study is no part of some series.
+    Query asked = Study();
+    asked.level = QueryLevel::series;
+    asked.Add("SeriesInstanceUID", "1.2.1\\1.2.2");
+    EXPECT_GT(PlanRetrievals(asked, holdings, 127).size(), 2U);
+    holdings.front().seriesUid.clear();
+    const std::vector<Retrieval> whole = PlanRetrievals(asked, holdings, 127);
+    ASSERT_EQ(whole.size(), 1U);
+    EXPECT_EQ(whole[0].requests[0].ValueOf(kSeriesUid), "1.2.1\\1.2.2");
 }
 
 } // namespace

@@ -11,6 +11,7 @@ namespace {
 constexpr VDicomULong kSopClass = 0x00080016, kClassesInStudy = 0x00080062, kAvailableSyntax = 0x00083002;
 // What an archive may tell, and how many queries it may need: what is not known is offered as ever.
 constexpr std::uint64_t kMostKept = 100'000, kMostMatches = 1'000'000, kMostQueries = 2000;
+constexpr std::size_t kMostSyntaxes = 64; // of one match
 
 /// What is none goes into no request.
 std::vector<std::string> UidsOf(VDicomDS& match, VDicomULong tag) {
@@ -25,6 +26,12 @@ std::string FirstUid(VDicomDS& match, VDicomULong tag, const Query& query) {
         return uids.front();
     const std::string asked = query.ValueOf(tag);
     return IsUid(asked) ? asked : std::string();
+}
+
+/// Whether a query wants what has this UID: some archives heed none of the keys but one. Empty: it is not told.
+bool IsAsked(const Query& query, VDicomULong tag, const std::string& uid) {
+    const std::string asked = '\\' + query.ValueOf(tag) + '\\';
+    return uid.empty() || asked.size() == 2 || asked.find('\\' + uid + '\\') != std::string::npos;
 }
 
 } // namespace
@@ -91,35 +98,49 @@ void Inquiry::OnReceiveCFindResponse(unsigned char, unsigned short messageID, co
     }
 }
 
+// Counts what is new alone: thousands of images have one class and one syntax.
 void Inquiry::Keep(StorageNeeds& needs, const std::vector<std::string>& classes,
                    const std::vector<std::string>& syntaxes) {
+    std::set<std::string> told; // with more than there can be, it did not say
+    if (syntaxes.size() <= kMostSyntaxes)
+        told.insert(syntaxes.begin(), syntaxes.end());
     for (const std::string& classUid : classes) {
-        AddNeeds(needs, {{classUid, {syntaxes.begin(), syntaxes.end()}}});
-        m_kept += 1 + syntaxes.size();
+        if (m_kept > kMostKept)
+            return;
+        const auto [at, isNew] = needs.try_emplace(classUid, told);
+        const std::size_t before = isNew ? 0 : at->second.size();
+        if (!isNew && told.empty())
+            at->second.clear();
+        else if (!isNew && before > 0)
+            at->second.insert(told.begin(), told.end());
+        m_kept += (isNew ? 1 : 0) + (std::max(before, at->second.size()) - before);
     }
 }
 
 void Inquiry::Take(VDicomDS& match) {
     ++m_matches;
     const std::string studyUid = FirstUid(match, kStudyUid, m_now);
+    if (!IsAsked(m_now, kStudyUid, studyUid))
+        return;
     if (m_now.level == QueryLevel::study) {
         Keep(m_studies[studyUid], UidsOf(match, kClassesInStudy), {});
         ++m_kept;
         return;
     }
-    const auto [at, isNew] = m_series.try_emplace({studyUid, FirstUid(match, kSeriesUid, m_now)});
+    const std::string seriesUid = FirstUid(match, kSeriesUid, m_now);
+    if (!IsAsked(m_now, kSeriesUid, seriesUid))
+        return;
+    const auto [at, isNew] = m_series.try_emplace({studyUid, seriesUid});
     m_kept += isNew ? 1 : 0;
-    const std::vector<std::string> classes = UidsOf(match, kSopClass), syntaxes = UidsOf(match, kAvailableSyntax);
+    std::vector<std::string> classes = UidsOf(match, kSopClass);
+    if (classes.size() > 1) // one is all that the attribute may have
+        classes.resize(1);
+    const std::vector<std::string> syntaxes = UidsOf(match, kAvailableSyntax);
     if (m_now.level == QueryLevel::series) {
         Keep(at->second.ofSeries, classes, syntaxes);
         return;
     }
-    // Thousands of images have one class and one syntax.
-    const auto known = classes.empty() ? at->second.ofImages.end() : at->second.ofImages.find(classes.front());
-    const bool isKnown = known != at->second.ofImages.end() && classes.size() == 1 &&
-                         (known->second.empty() || (syntaxes.size() == 1 && known->second.count(syntaxes.front()) > 0));
-    if (!isKnown)
-        Keep(at->second.ofImages, classes, syntaxes);
+    Keep(at->second.ofImages, classes, syntaxes);
     at->second.isUntold = at->second.isUntold || classes.empty();
     m_progress.Done(++m_found);
 }

@@ -39,9 +39,11 @@ std::vector<Retrieval> PlanRetrievals(const Query& asked, const std::vector<Hold
     StorageNeeds all;
     for (const Holding& holding : holdings)
         AddNeeds(all, holding.needs);
-    const bool isDivisible =
-        asked.level != QueryLevel::image &&
-        std::none_of(holdings.begin(), holdings.end(), [](const Holding& holding) { return holding.studyUid.empty(); });
+    // A part must not mean more than what is asked for.
+    const auto isPart = [&asked](const Holding& holding) {
+        return !holding.studyUid.empty() && (asked.level != QueryLevel::series || !holding.seriesUid.empty());
+    };
+    const bool isDivisible = asked.level != QueryLevel::image && std::all_of(holdings.begin(), holdings.end(), isPart);
     if (!isDivisible || holdings.size() < 2 || !OffersApart(all, most).empty())
         return {RetrievalFor(all, most, {asked})};
 

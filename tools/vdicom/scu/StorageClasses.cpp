@@ -95,6 +95,8 @@ std::vector<StorageOffer> OffersApart(const StorageNeeds& needs, std::size_t mos
     for (const bool isEachAlone : {true, false}) {
         std::vector<StorageOffer> offers;
         for (const auto& [classUid, syntaxes] : needs) {
+            if (offers.size() > most)
+                break;
             std::vector<std::string> others;
             for (const std::string_view syntax : kUncompressed) {
                 const std::string uid(syntax);
@@ -103,8 +105,11 @@ std::vector<StorageOffer> OffersApart(const StorageNeeds& needs, std::size_t mos
                 else if (syntaxes.count(uid) == 0)
                     others.push_back(uid);
             }
-            for (const std::string& syntax : syntaxes)
+            for (const std::string& syntax : syntaxes) {
+                if (offers.size() > most)
+                    break;
                 offers.push_back({classUid, {syntax}});
+            }
             if (!others.empty())
                 offers.push_back({classUid, others});
             for (const std::string& syntax : syntaxes.empty() ? compressed : std::vector<std::string>())
