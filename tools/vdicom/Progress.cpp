@@ -22,7 +22,8 @@ void Write(const std::string& text) { VDicomConsole::Write(DICOM_STDERR, text.da
 
 Progress::Progress(std::string_view what, std::uint64_t total, std::uint64_t unit)
     : m_what(what), m_total(total), m_unit(unit), m_outer(SetMessageProgress(this)),
-      m_active(VDicomConsole::IsTerminal(DICOM_STDERR) != 0), m_start(Clock::now()), m_next(m_start + kFirst) {}
+      m_active(VDicomConsole::IsTerminal(DICOM_STDERR) != 0), m_hasBegun(total > 0), m_start(Clock::now()),
+      m_next(m_start + kFirst) {}
 
 Progress::~Progress() {
     SetMessageProgress(m_outer);
@@ -34,10 +35,18 @@ void Progress::Pieces(std::string_view what, std::uint64_t total) {
     m_pieces = total;
 }
 
-void Progress::Total(std::uint64_t total) {
-    if (m_total == 0)
-        m_start = Clock::now();
-    m_total = total;
+void Progress::Begin(std::uint64_t count) {
+    if (m_hasBegun || (count == 0 && m_bytes == 0))
+        return;
+    m_hasBegun = true;
+    m_start = Clock::now();
+    m_firstBytes = m_bytes;
+    m_firstCount = count;
+}
+
+void Progress::Bytes(std::uint64_t bytes) {
+    m_bytes = bytes;
+    Begin(0);
 }
 
 void Progress::Off() {
@@ -48,6 +57,7 @@ void Progress::Off() {
 void Progress::Done(std::uint64_t count, std::uint64_t pieces) {
     if (!m_active)
         return;
+    Begin(count);
     const Clock::time_point now = Clock::now();
     if (now < m_next)
         return;
@@ -62,9 +72,9 @@ void Progress::Hide() {
 }
 
 void Progress::AddBytes(std::string& line, double seconds) const {
-    const double megabytes = static_cast<double>(m_bytes) / 1e6;
     if (m_bytes > 0)
-        line += fmt::format(", {:.0f} MB, {:.0f} MB/s", megabytes, megabytes / std::max(seconds, 1e-3));
+        line += fmt::format(", {:.0f} MB, {:.0f} MB/s", static_cast<double>(m_bytes) / 1e6,
+                            static_cast<double>(m_bytes - m_firstBytes) / 1e6 / std::max(seconds, 1e-3));
 }
 
 void Progress::Draw(std::uint64_t count, std::uint64_t pieces) {
@@ -78,9 +88,9 @@ void Progress::Draw(std::uint64_t count, std::uint64_t pieces) {
             text += fmt::format(", {:.0f} {}/s",
                                 static_cast<double>(count) / static_cast<double>(m_unit) / spent.count(), m_what);
         AddBytes(text, spent.count());
-        if (count > 0) {
-            const double left =
-                spent.count() / static_cast<double>(count) * static_cast<double>(m_total - std::min(count, m_total));
+        if (count > m_firstCount) {
+            const double left = spent.count() / static_cast<double>(count - m_firstCount) *
+                                static_cast<double>(m_total - std::min(count, m_total));
             text += fmt::format(", {:.0f} s left", left);
         }
     } else {

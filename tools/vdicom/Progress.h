@@ -22,9 +22,9 @@ public:
     void Pieces(std::string_view what, std::uint64_t total);
 
     /// How much there is to do, where that comes to be known later.
-    void Total(std::uint64_t total);
+    void Total(std::uint64_t total) { m_total = total; }
     /// Shows how many bytes have gone, and how many a second.
-    void Bytes(std::uint64_t bytes) { m_bytes = bytes; }
+    void Bytes(std::uint64_t bytes);
     /// Nothing is shown from now on.
     void Off();
 
@@ -34,6 +34,7 @@ public:
     void Hide();
 
 private:
+    void Begin(std::uint64_t count);
     void AddBytes(std::string& line, double seconds) const;
     void Draw(std::uint64_t count, std::uint64_t pieces);
 
@@ -47,6 +48,9 @@ private:
     Progress* m_outer; ///< the one whose line this one's takes
     bool m_active;
     bool m_shown = false;
+    // Where the total was not known, time counts from the first byte or count: what came before is no work.
+    bool m_hasBegun;
+    std::uint64_t m_firstBytes = 0, m_firstCount = 0;
     Clock::time_point m_start;
     Clock::time_point m_next;
 };
