@@ -14,7 +14,7 @@ import time
 
 from support import BIG, DEFLATED, EXPLICIT, IMPLICIT, PROGRAM, contains, element, equal, free_port, image, main, part10, run
 from terminal_test import on_terminal
-from upper_layer import ABORT, RELEASE, accept, association, message, number_of, receive, respond, send_store
+from upper_layer import ABORT, RELEASE, accept, association, dimse, message, number_of, pdu, receive, respond, send_store
 
 CT, FIND = "1.2.840.10008.5.1.4.1.1.2", b"\x20\0"
 
@@ -271,7 +271,7 @@ def test_a_retrieval_is_well_only_when_the_objects_are_here(folder):
     talk, _ = retrieval(0, (0, 0, 0, 0))
     with peer(talk) as port:  # its response has a data set, which is no object
         run("get", "127.0.0.1", port, "--to", folder("none"), *keys)
-    for status, numbers, wanted in ((0xB000, (0, 0, 0, 1), 0), (0xB000, (0, 0, 1, 1), 1), (0xB000, (1, 0, 0, 1), 1)):
+    for status, numbers, wanted in ((0xB000, (0, 0, 0, 1), 0), (0xB000, (0, 0, 1, 1), 1), (0xB000, (1, 0, 0, 1), 1), (0, (1, 1, 0, 0), 1)):
         talk, _ = retrieval(status, numbers)
         with peer(talk) as port:
             run("move", "127.0.0.1", port, "--destination", "OTHER", *keys, status=wanted)
@@ -299,9 +299,13 @@ def test_get_offers_what_the_archive_says_that_it_has(folder):
     study, series, rle = (0x0020000D, "UI", "1.2"), (0x0020000E, "UI", "1.2.1"), "1.2.840.10008.1.2.5"
     image = ((0x00080016, "UI", CT), (0x00080018, "UI", "1.2.9"), (0x00083002, "UI", rle), study, series)
     classes = (0, ((0x00080062, "UI", CT), study))
+    foreign = ((0x00080016, "UI", "1.3"), (0x0020000D, "UI", "1.2.0"), series)
+    many = "\\".join(f"1.3.{i}" for i in range(3000))
+    flood = ((0x00080016, "UI", f"{CT}\\{many}"), (0x00083002, "UI", f"{rle}\\{many}"), study, series)
     others = [(CT, sorted([EXPLICIT, IMPLICIT, BIG, DEFLATED]))]
     for answers, wanted in (
-            ({("IMAGE", False): (0, image)}, [(CT, [rle])] + others),  # at once
+            ({("IMAGE", False): (0, image, foreign)}, [(CT, [rle])] + others),  # at once
+            ({("IMAGE", False): (0, flood)}, 2 * [CT]),
             ({("IMAGE", True): (0, image), ("SERIES", False): (0, (study, series)), ("STUDY", False): classes}, [(CT, [rle])] + others),
             ({("SERIES", False): (0, (study, series)), ("STUDY", False): classes}, 2 * [CT]),  # images are refused
             ({("IMAGE", False): (0, image, (study, series)), ("STUDY", False): (0, (study,))}, 127),  # one is not told
@@ -339,7 +343,8 @@ def test_an_object_that_the_disk_has_no_room_for_is_answered_and_the_next_one_ta
                              preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (20000, 20000)))
             if json:
                 equal(result.json()["problems"], [{"sopInstanceUID": "1.2.0", "status": 0xA700, "text": "not written: File too large"}])
-            contains(result.json()["error"] if json else result.err, f"{folder(name)}: 1 object could not be written: File too large")
+            text = result.json()["error"] if json else result.err
+            contains(text, f"{folder(name)}: 1 object could not be written: File too large" + ("" if json else "; put that right"))
             equal(os.listdir(folder(name)), ["1.2.1.dcm"])
     equal(answers, [0xA700, 0] * 4)
 
@@ -364,6 +369,52 @@ def test_objects_that_arrive_keep_a_move_alive_and_silence_ends_it(folder):
         contains(run(*arguments).out, "4 objects written")
         count = 1
         contains(run(*arguments, status=1).err, "nothing went either way for 1 s")
+
+
+def test_a_refused_object_has_an_end_and_silent_peers_make_way(folder):
+    own = free_port()
+
+    def store(connection, context):
+        announced = dimse(context, {0x0002: CT, 0x0100: 1, 0x0110: 1, 0x0700: 0, 0x1000: "1..2"}, b"")
+        piece = pdu(4, struct.pack(">IBB", (1 << 19) + 2, context, 0) + bytes(1 << 19))
+        connection.sendall(announced[:-12] + 33 * piece)  # an object without a file is no longer than an identifier
+        equal(message(connection)[1][0x0900], b"\x17\1")
+        connection.sendall(announced[-12:])  # the last piece
+        send_store(connection, context, 2, CT, "1.2.3", element(0x00080018, "UI", "1.2.3"))
+        equal(message(connection)[1][0x0900], b"\0\0")
+
+    def get(connection):
+        accept(connection)
+        context, command, _, _ = message(connection)
+        store(connection, 3)
+        end(connection, context, command)
+
+    def end(connection, context, command):
+        respond(connection, context, command, 0xB000, extra={0x1021: 1, 0x1022: 1})
+        message(connection)
+
+    def move(connection):
+        accept(connection)
+        context, command, _, _ = message(connection)
+        with contextlib.ExitStack() as stack:
+            for attempt in range(164):
+                silent = stack.enter_context(socket.create_connection(("127.0.0.1", own)))
+                try:
+                    silent.sendall(association(1, [(1, CT, EXPLICIT)], called="VDICOM"))
+                    equal(receive(silent)[0], 2)
+                except (OSError, EOFError):
+                    time.sleep(0.1)
+                    continue
+                if attempt >= 64:
+                    store(silent, 1)
+                    break
+        end(connection, context, command)
+
+    for name, script, arguments in (("get", get, ("--class", CT)), ("move", move, ("--listen", own))):
+        with peer(script) as port:
+            result = run(name, "127.0.0.1", port, "--to", folder(name), "-k", "StudyInstanceUID=1.2", *arguments, status=1)
+        contains(result.out, "1 object written")
+        equal(os.listdir(folder(name)), ["1.2.3.dcm"])
 
 
 def test_a_peer_that_ignores_the_cancel_is_left(_):
@@ -396,10 +447,11 @@ def test_progress_is_drawn_on_a_terminal_alone(folder):
         context, command, _, _ = message(connection)
         time.sleep(1)
         for i in range(2):
-            send_store(connection, stores[0], i + 1, CT, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}"))
+            pixels = element(0x7FE00010, "OW", bytes(300_000))
+            send_store(connection, stores[0], i + 1, CT, f"1.2.{i}", element(0x00080018, "UI", f"1.2.{i}") + pixels)
             message(connection)
+            time.sleep(0.2)  # the response is drawn, too
             respond(connection, context, command, 0 if i else 0xFF00, extra=enumerate((1 - i, 1 + i, 0, 0), 0x1020))
-            time.sleep(0.2)
         message(connection)
 
     for script, shown, arguments in ((store, "1 of 2 files, 0 of 0 MB", paths),
@@ -410,6 +462,7 @@ def test_progress_is_drawn_on_a_terminal_alone(folder):
                 lines = written.split("\r\x1b[K")
                 equal((status, "[###" in written), (0, columns == 100))
                 contains(written, shown)
+                assert max(map(int, re.findall(r"(\d+) MB/s", written))) < 100, written
                 assert max(map(len, lines[:-1])) < columns and "#" not in lines[-1] and " of " not in lines[-1], lines
             assert "\x1b" not in run(script.__name__, "127.0.0.1", port, *arguments).err
             assert "\x1b" not in on_terminal(script.__name__, "127.0.0.1", port, *arguments, "--json")[1]

@@ -77,6 +77,23 @@ TEST_F(ObjectFolderTest, WhatIsWrongOrDoesNotComeLeavesNothing) {
     EXPECT_EQ(m_folder.Count(), 0U);
     EXPECT_EQ(folder.CountWritten(), 0U);
     EXPECT_EQ(folder.CountFailed(), 8U);
+    {
+        // What is refused has a limit, unlike what is taken.
+        IncomingObject incoming(folder);
+        IncomingObject::Request request;
+        VDicomDS command;
+        Announce(command, "../x");
+        EXPECT_EQ(incoming.Begin(1, command, "1.2.840.10008.1.2", ""), nullptr);
+        EXPECT_EQ(incoming.GiveUp(DICOM_ERROR_SIZE, request), 0x0117U);
+        EXPECT_EQ(incoming.GiveUp(DICOM_ERROR_SIZE, request), 0U);
+        Announce(command, "1.2.6");
+        EXPECT_NE(incoming.Begin(1, command, "1.2.840.10008.1.2", ""), nullptr);
+        EXPECT_EQ(incoming.GiveUp(DICOM_ERROR_SIZE, request), 0U);
+    }
+    for (std::size_t i = folder.CountFailed(); i <= ObjectFolder::kMostRefusals; ++i)
+        EXPECT_EQ(Receive(folder, "..", "1.2.3", "x"), 0x0117U);
+    EXPECT_EQ(folder.CountFailed(), ObjectFolder::kMostRefusals + 1);
+    EXPECT_EQ(folder.Refusals().size(), ObjectFolder::kMostRefusals);
     EXPECT_NE(ObjectFolder(m_path + "/\x01/../../../dev/null/x", false).Prepare(), "");
 }
 

@@ -54,12 +54,14 @@ public:
           m_incoming(folder) {}
 
     VDicomFile* OnReceiveTarget(unsigned char id, VDicomDS* command) override {
-        const bool isStore = IsStoreRequest(*command);
-        SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
-        if (isStore)
-            return m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), ThePeer().called);
-        m_incoming.Drop();
-        return nullptr;
+        VDicomFile* file = nullptr;
+        if (IsStoreRequest(*command))
+            file = m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), ThePeer().called);
+        else
+            m_incoming.Drop();
+        // What has no file goes through the library's own storage.
+        SetLargestDataSet(file ? ~VDicomUInt64{0} : kLargestIdentifier);
+        return file;
     }
 
     void OnReceiveCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
@@ -151,13 +153,19 @@ std::vector<Retrieval> Plan(const GetSettings& settings, RetrieveReport& report,
     if (const std::vector<Holding> holdings = inquiry.Holdings(); good && !holdings.empty()) {
         hint = "the classes and transfer syntaxes that the peer names were offered to it; its own log may say why it "
                "could not send these";
-        return PlanRetrievals(settings.query, holdings, kMostOffers);
+        std::vector<Retrieval> retrievals = PlanRetrievals(settings.query, holdings, kMostOffers);
+        std::size_t left = 0;
+        for (const Retrieval& retrieval : retrievals)
+            left += retrieval.left;
+        if (left > 0)
+            hint += fmt::format(" ({} of the classes were not offered: an association has no room for them)", left);
+        return retrievals;
     }
     one.offers = OffersFor(StorageClasses(), kMostOffers, one.left);
     hint = "the peer does not tell what it has, and what failed may be stored in a transfer syntax that it did not "
            "choose; name the class with --class, which offers each syntax by itself";
     if (one.left > 0)
-        hint += fmt::format(" ({} seldom classes were not offered at all)", one.left);
+        hint += fmt::format(" ({} rarely used classes were not offered at all)", one.left);
     return {one};
 }
 

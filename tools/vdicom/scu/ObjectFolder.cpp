@@ -33,6 +33,8 @@ std::string TextOf(VDicomDS& ds, VDicomULong tag) {
     return text;
 }
 
+std::error_code ErrorOf(const VDicomFile& file) { return {file.GetError(), std::system_category()}; }
+
 void Put16(std::string& bytes, std::size_t number) {
     bytes += static_cast<char>(number & 0xFF);
     bytes += static_cast<char>(number >> 8 & 0xFF);
@@ -117,7 +119,7 @@ VDicomFile* IncomingObject::Begin(unsigned char context, VDicomDS& command, cons
     }
     const std::string path = m_folder.NewPart();
     if (!m_file.Open(path.c_str(), DICOM_FILE_CREATE | DICOM_FILE_READ | DICOM_FILE_WRITE)) {
-        m_refusal = RefuseUnwritten(SystemText(m_file.GetError()));
+        m_refusal = RefuseUnwritten(ErrorOf(m_file));
         return nullptr;
     }
     m_part = path;
@@ -125,7 +127,7 @@ VDicomFile* IncomingObject::Begin(unsigned char context, VDicomDS& command, cons
         FileMeta(m_request.classUid, m_request.instanceUid, syntaxUid ? syntaxUid : "", sourceTitle);
     if (m_file.Write(meta.data(), static_cast<VDicomULong>(meta.size())))
         return &m_file;
-    m_refusal = RefuseUnwritten(SystemText(m_file.GetError()));
+    m_refusal = RefuseUnwritten(ErrorOf(m_file));
     RemovePart();
     return nullptr;
 }
@@ -160,13 +162,13 @@ unsigned short IncomingObject::Keep() {
     }
     const VDicomUInt64 size = m_file.GetSize64();
     if (!m_file.Close()) {
-        const unsigned short status = RefuseUnwritten(SystemText(m_file.GetError()));
+        const unsigned short status = RefuseUnwritten(ErrorOf(m_file));
         Drop();
         return status;
     }
     fs::rename(fs::u8path(m_part), fs::u8path(path), error);
     if (error) {
-        const unsigned short status = RefuseUnwritten(error.message());
+        const unsigned short status = RefuseUnwritten(error);
         Drop();
         return status;
     }
@@ -191,30 +193,34 @@ void IncomingObject::RemovePart() {
 }
 
 unsigned short IncomingObject::GiveUp(int code, Request& request) {
-    if (!m_isArriving || (code != DICOM_ERROR_WRITE && code != DICOM_ERROR_OPEN))
+    // What is refused has no file, and a limit.
+    const bool isTooLong = code == DICOM_ERROR_SIZE && m_refusal != 0;
+    if (!m_isArriving || (code != DICOM_ERROR_WRITE && code != DICOM_ERROR_OPEN && !isTooLong))
         return 0;
     request = m_request;
-    const int error = m_part.empty() ? 0 : m_file.GetError();
+    const std::error_code error = ErrorOf(m_file);
     Drop();
     if (const unsigned short refusal = std::exchange(m_refusal, 0); refusal != 0)
         return refusal;
-    return RefuseUnwritten(error != 0 ? SystemText(error) : "is the disk full?");
+    return RefuseUnwritten(error);
 }
 
 // One object less, and the next may find room.
-unsigned short IncomingObject::RefuseUnwritten(const std::string& reason) {
+unsigned short IncomingObject::RefuseUnwritten(const std::error_code& error) {
     ++m_folder.m_unwritten;
-    m_folder.m_reason = reason;
-    return Refuse(kOutOfResources, "not written: " + reason);
+    m_folder.m_isFull = !error || error == std::errc::no_space_on_device;
+    m_folder.m_reason = error ? error.message() : "is the disk full?";
+    return Refuse(kOutOfResources, "not written: " + m_folder.m_reason);
 }
 
 unsigned short IncomingObject::Refuse(unsigned short status, const std::string& text) {
-    std::vector<Refusal>& refusals = m_folder.m_refusals;
-    refusals.push_back({IsUid(m_request.instanceUid) ? m_request.instanceUid : std::string(), status, text});
-    if (refusals.size() == kMostNamed + 1)
-        SayPlain("  and more; --json names all of them");
-    else if (refusals.size() <= kMostNamed)
-        Say(refusals.back().instanceUid.empty() ? "an object" : refusals.back().instanceUid, text);
+    const std::string uid = IsUid(m_request.instanceUid) ? m_request.instanceUid : std::string();
+    if (m_folder.m_refusals.size() < ObjectFolder::kMostRefusals)
+        m_folder.m_refusals.push_back({uid, status, text});
+    if (++m_folder.m_failed == kMostNamed + 1)
+        SayPlain(fmt::format("  and more; --json names up to {}", ObjectFolder::kMostRefusals));
+    else if (m_folder.m_failed <= kMostNamed)
+        Say(uid.empty() ? "an object" : uid, text);
     return status;
 }
 

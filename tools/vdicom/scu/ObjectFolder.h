@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace program {
@@ -34,12 +35,16 @@ public:
 
     std::uint64_t CountWritten() const { return m_written; }
     std::uint64_t CountKept() const { return m_kept; }
-    std::uint64_t CountFailed() const { return m_refusals.size(); }
+    std::uint64_t CountFailed() const { return m_failed; }
     std::uint64_t CountBytes() const { return m_bytes; }
     /// Those of the failed ones that could not be written, and why the last one could not.
     std::uint64_t CountUnwritten() const { return m_unwritten; }
     const std::string& UnwrittenReason() const { return m_reason; }
+    /// Whether that was for want of room.
+    bool IsFull() const { return m_isFull; }
+    /// The failed ones, the first kMostRefusals of them.
     const std::vector<Refusal>& Refusals() const { return m_refusals; }
+    static constexpr std::size_t kMostRefusals = 10'000;
     const std::string& Path() const { return m_path; }
 
 private:
@@ -55,8 +60,10 @@ private:
     std::uint64_t m_written = 0;
     std::uint64_t m_kept = 0;
     std::uint64_t m_bytes = 0;
+    std::uint64_t m_failed = 0;
     std::uint64_t m_unwritten = 0;
     std::string m_reason;
+    bool m_isFull = false;
     std::vector<Refusal> m_refusals;
 };
 
@@ -92,7 +99,7 @@ public:
 
 private:
     unsigned short Refuse(unsigned short status, const std::string& text);
-    unsigned short RefuseUnwritten(const std::string& reason);
+    unsigned short RefuseUnwritten(const std::error_code& error);
     unsigned short Keep();
     void RemovePart();
 

@@ -14,9 +14,9 @@ public:
 
 protected:
     /// Takes a response to the request.
-    void TakeResponse(unsigned short status, const SubOperations& numbers, VDicomDS* data) {
+    void TakeResponse(unsigned short status, const SubOperationCounts& numbers, VDicomDS* data) {
         constexpr VDicomULong kFailedList = 0x00080058;
-        m_report.Take(numbers);
+        m_report.Take(numbers, status);
         if (KindOfStatus(status) == StatusKind::pending)
             return;
         m_report.EndRequest(data ? ReadUids(*data, kFailedList) : std::vector<std::string>());

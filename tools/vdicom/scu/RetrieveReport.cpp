@@ -20,7 +20,7 @@ constexpr std::size_t kMostNamed = 20;
 
 std::string Objects(std::uint64_t count) { return count == 1 ? "1 object" : fmt::format("{} objects", count); }
 
-SubOperations Sum(const SubOperations& one, const SubOperations& other) {
+SubOperationCounts Sum(const SubOperationCounts& one, const SubOperationCounts& other) {
     return {one.remaining + other.remaining, one.completed + other.completed, one.failed + other.failed,
             one.warning + other.warning};
 }
@@ -33,10 +33,12 @@ RetrieveReport::RetrieveReport(const Peer& peer, const ObjectFolder* folder, boo
         m_progress.Off();
 }
 
-void RetrieveReport::Take(const SubOperations& numbers) {
-    // Peers leave numbers out of the final response now and then.
+void RetrieveReport::Take(const SubOperationCounts& numbers, unsigned short status) {
+    // Peers leave numbers out of the final response now and then; success then means that the rest was sent as well.
     if (numbers.completed + numbers.failed + numbers.warning + numbers.remaining > 0)
         m_numbers = numbers;
+    else if (status == 0)
+        m_numbers.completed += std::exchange(m_numbers.remaining, 0);
     ShowProgress();
 }
 
@@ -50,7 +52,7 @@ void RetrieveReport::Arrived(std::uint64_t bytes) {
 
 // Some peers send no response before the last one; then the folder alone knows.
 void RetrieveReport::ShowProgress() {
-    const SubOperations sum = Sum(m_ended, m_numbers);
+    const SubOperationCounts sum = Sum(m_ended, m_numbers);
     std::uint64_t done = std::uint64_t{sum.completed} + sum.failed + sum.warning;
     if (m_folder)
         done = std::max(done, m_folder->CountWritten() + m_folder->CountKept() + m_folder->CountFailed());
@@ -84,14 +86,16 @@ void RetrieveReport::Interrupt() {
 
 // A warning without failures: all objects were stored, some of them with a warning.
 bool RetrieveReport::IsWell() const {
-    const bool isStatusWell =
-        m_status == 0 || (m_status == kWarning && m_ended.failed == 0 && m_ended.remaining == 0 && m_ended.warning > 0);
-    return m_good && isStatusWell && m_ended.failed == 0 && (!m_folder || m_folder->CountFailed() == 0) &&
-           MissingText({}).empty();
+    const bool isStatusWell = m_status == 0 || (m_status == kWarning && m_ended.warning > 0);
+    return m_good && isStatusWell && m_ended.failed == 0 && m_ended.remaining == 0 &&
+           (!m_folder || m_folder->CountFailed() == 0) && MissingText({}).empty();
 }
 
-// Empty unless the peer says that it sent more than there was here.
+// Empty unless the peer says that it sent more than there was here, or that it is done and something remains.
 std::string RetrieveReport::MissingText(const std::string& hint) const {
+    if (m_status == 0 && m_ended.remaining > 0)
+        return fmt::format("the peer says that all is done, and that {} remain{}; fetch again what is missing",
+                           Objects(m_ended.remaining), m_ended.remaining == 1 ? "s" : "");
     const std::uint64_t sent = m_ended.completed + m_ended.warning;
     if (!m_folder || m_folder->CountWritten() + m_folder->CountKept() + m_folder->CountFailed() >= sent)
         return {};
@@ -118,7 +122,8 @@ void RetrieveReport::SayOutcome(const std::string& hint, const std::string& miss
         SayPlain(fmt::format("  and {} more; --json names all of them", m_failedUids.size() - kMostNamed));
     const std::string unwritten = UnwrittenText();
     if (!unwritten.empty())
-        Say(m_folder->Path(), unwritten + "; make room, and fetch again what is missing");
+        Say(m_folder->Path(), fmt::format("{}; {}, and fetch again what is missing", unwritten,
+                                          m_folder->IsFull() ? "make room" : "put that right"));
     else if (m_ended.failed > 0 && !hint.empty())
         Say(hint);
     if (!missing.empty())
@@ -170,6 +175,8 @@ std::string RetrieveReport::Json(const std::string& missing) const {
             writer.EndObject();
         }
         writer.EndArray();
+        if (m_folder->CountFailed() > m_folder->Refusals().size())
+            number("problemsNotListed", m_folder->CountFailed() - m_folder->Refusals().size());
     }
     const std::string unwritten = UnwrittenText();
     std::string error = !m_good              ? m_failure

@@ -14,7 +14,7 @@ namespace program {
 class QueryClient;
 
 /// Numbers of sub-operations, as the last response that had them.
-struct SubOperations {
+struct SubOperationCounts {
     unsigned int remaining = 0;
     unsigned int completed = 0;
     unsigned int failed = 0;
@@ -31,8 +31,8 @@ public:
     /// Bytes of objects have arrived, whole or not.
     void Arrived(std::uint64_t bytes);
 
-    /// A response to the request under way.
-    void Take(const SubOperations& numbers);
+    /// A response to the request under way, with its status.
+    void Take(const SubOperationCounts& numbers, unsigned short status);
     /// It was the last one. @param failedUids SOP Instance UIDs that the peer could not send (0008,0058)
     void EndRequest(const std::vector<std::string>& failedUids);
     /// An association has ended. @param good what its client's Run returned
@@ -60,8 +60,8 @@ private:
     bool m_json;
     std::size_t m_requests = 1;
     std::uint64_t m_arrived = 0;
-    SubOperations m_ended; ///< sums of the requests that have ended
-    SubOperations m_numbers;
+    SubOperationCounts m_ended; ///< sums of the requests that have ended
+    SubOperationCounts m_numbers;
     std::vector<std::string> m_failedUids;
     unsigned short m_status = 0xFF00; ///< the first one that was none of success
     std::string m_text;

@@ -16,6 +16,8 @@ namespace {
 
 constexpr VDicomULong kRequestTimeout = 30'000, kCloseTimeout = 2000;
 constexpr auto kLastWait = std::chrono::seconds(3);
+// With no room left, a peer that says nothing for so long makes way.
+constexpr auto kSilence = std::chrono::seconds(2);
 
 } // namespace
 
@@ -32,6 +34,7 @@ StoreReceiverConnection::StoreReceiverConnection(StoreReceiver& receiver)
 
 void StoreReceiverConnection::OnReceive(int nError, unsigned char, char*, VDicomULong length) {
     m_receiver.NoteActivity(nError == 0 && m_incoming.IsArriving() ? length : 0);
+    m_lastActivity = m_receiver.LastActivity();
     if (nError == 0)
         return;
     IncomingObject::Request request;
@@ -69,11 +72,12 @@ void StoreReceiverConnection::OnReceiveAbort(unsigned char, unsigned char) {
 }
 
 VDicomFile* StoreReceiverConnection::OnReceiveTarget(unsigned char id, VDicomDS* command) {
-    const bool isStore = IsStoreRequest(*command);
-    SetLargestDataSet(isStore ? ~VDicomUInt64{0} : kLargestIdentifier);
-    if (!isStore)
-        return nullptr;
-    return m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), GetRequestAssociate()->GetCalling());
+    VDicomFile* file = nullptr;
+    if (IsStoreRequest(*command))
+        file = m_incoming.Begin(id, *command, GetAssociate()->GetTransfer(id, 0), GetRequestAssociate()->GetCalling());
+    // What has no file goes through the library's own storage.
+    SetLargestDataSet(file ? ~VDicomUInt64{0} : kLargestIdentifier);
+    return file;
 }
 
 void StoreReceiverConnection::OnReceiveCStoreRequest(unsigned char id, unsigned short messageID, const char* classUID,
@@ -123,6 +127,13 @@ void StoreReceiver::OnAccept(int nError) {
         return;
     // Those that closed by themselves; no notification of theirs is running.
     std::erase_if(m_connections, [](const auto& one) { return one->IsConnected() == 0; });
+    if (m_connections.size() >= kMostConnections) {
+        const auto longest =
+            std::min_element(m_connections.begin(), m_connections.end(),
+                             [](const auto& a, const auto& b) { return a->LastActivity() < b->LastActivity(); });
+        if (std::chrono::steady_clock::now() - (*longest)->LastActivity() > kSilence)
+            m_connections.erase(longest);
+    }
     auto connection = std::make_unique<StoreReceiverConnection>(*this);
     if (Accept(connection.get()) == DICOM_OK && m_connections.size() < kMostConnections)
         m_connections.push_back(std::move(connection));

@@ -32,9 +32,13 @@ public:
                                 unsigned short moveMessageID, VDicomDS* data) override;
     void OnReceiveCEchoRequest(unsigned char id, unsigned short messageID, const char* classUID) override;
 
+    /// When something arrived last.
+    std::chrono::steady_clock::time_point LastActivity() const { return m_lastActivity; }
+
 private:
     StoreReceiver& m_receiver;
     IncomingObject m_incoming;
+    std::chrono::steady_clock::time_point m_lastActivity = std::chrono::steady_clock::now();
 };
 
 /// Listens on the thread that Start is called on.
