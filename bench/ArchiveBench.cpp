@@ -57,7 +57,7 @@ void FillObject(VDicomDS& ds) {
     ds.SetBinaryValue(ds.InsertElement(nullptr, 0, 0x7FE00010, vdicom::vr::OW, 0, 0), pixels.data(), 9000);
 }
 
-// Everything but the network: file, attributes, index, transaction. The argument: objects per transaction.
+// Everything but the network: file, attributes, journal, index. The argument: objects per Flush.
 void StoreObjects(benchmark::State& state) {
     const Folder folder;
     Archive archive({folder.Path(), "ARCHIVE"});
