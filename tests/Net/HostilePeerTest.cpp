@@ -322,7 +322,7 @@ TEST_F(HostilePeerTest, AThousandThatSayNothing) {
         EXPECT_EQ(server.GetClientCount(), 1001u);
     }
     ASSERT_TRUE(RunUntil([&] { return server.clients.size() == 1; }));
-    EXPECT_EQ(CountDescriptors(), before);
+    EXPECT_LE(CountDescriptors(), before); // under Wine some of its own may have gone
 }
 
 // Good associations, refused ones and such that break off: nothing of them stays.
