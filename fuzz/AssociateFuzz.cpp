@@ -1,21 +1,13 @@
 // Any bytes as an association PDU: what is decoded is encoded, decoded again and encoded to the same bytes; a request
 // is answered, and its requestor understands the answer.
+#include "Require.h"
 #include "VDicomAssociatePolicy.h"
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// False when an item is too long to be encoded.
 bool Encode(const VDicomAssociate& associate, std::string& bytes) {

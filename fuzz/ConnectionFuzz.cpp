@@ -1,22 +1,14 @@
 // A whole connection against a peer that sends anything in any pieces, while the application answers, and at one of its
 // notifications closes, destroys, connects again or runs the message loop. Input: which notification, what it does
 // there, how many connections are refused; then steps: a byte for what happens, a byte for how much, bytes.
+#include "Require.h"
 #include "ScriptedSocket.h"
 #include "VDicomMessageLoop.h"
 #include "VDicomNet.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 enum Deed : unsigned char { nothing, close, destroy, again, loop, abortIt, talk, deeds };
 

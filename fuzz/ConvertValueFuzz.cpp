@@ -1,21 +1,13 @@
 // SetConvertValue with any VR and any text: what it accepts, GetConvertValue shows as a text that is accepted again and
 // shown the same. Input: two letters of a VR, a byte of options, the text up to its first zero.
+#include "Require.h"
 #include "VDicomDS.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 bool Show(VDicomDS& dataSet, DICOMELEMENT* e, std::string& text) {
     const VDicomULong size = dataSet.GetConvertValue(e, nullptr);

@@ -5,10 +5,9 @@
 #include "OutgoingSet.h"
 #include "PDataAssembler.h"
 #include "PduReceiver.h"
+#include "Require.h"
 #include "UpperLayer.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -23,13 +22,6 @@ constexpr const char* kSyntaxes[] = {"1.2.840.10008.1.2",
                                      "1.2.840.10008.1.2.4.70",
                                      nullptr,
                                      ""};
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// A block of the heap that ends with the text, as in an association.
 std::unique_ptr<char[]> CopyOf(const char* text) {
