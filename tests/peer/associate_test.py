@@ -40,7 +40,7 @@ def associate(helper, folder, command):
                 Path(request).write_bytes(receive_bytes(connection))
                 ours = subprocess.run([helper, request, answer], capture_output=True, text=True, timeout=60)
                 connection.sendall(Path(answer).read_bytes())
-                with contextlib.suppress(EOFError):
+                with contextlib.suppress(EOFError, ConnectionError):  # it may be gone before it has read that
                     while receive(connection)[0] == 4:  # its first message; an abort is the answer
                         connection.sendall(ABORT)
             peer.wait(timeout=30)
