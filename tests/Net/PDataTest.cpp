@@ -244,7 +244,7 @@ TEST(PData, InPlaceGivesTheSameBytes) {
         const Bytes copied = Encoded(*set, route);
         EXPECT_GT(copied.size(), 400000u);
         route.inPlace = true;
-        for (const std::size_t step : {1000000, 40000, 777}) {
+        for (const std::size_t step : {1000000u, 40000u, 777u}) {
             OutgoingSet out;
             ASSERT_EQ(out.Encode(set, route), 0u);
             EXPECT_TRUE(Drain(out, step, 7) == copied);

@@ -38,6 +38,7 @@ TEST(RetrievalPlan, WhatIsToldHasContextsOfItsOwn) {
 
 TEST(RetrievalPlan, SeriesAreDividedWhereTheirContextsDoNotFit) {
     std::vector<Holding> holdings;
+    holdings.reserve(10);
     for (int i = 0; i < 10; ++i)
         holdings.push_back({"1.2", "1.2." + std::to_string(i), {{"1.9." + std::to_string(i), {}}}});
     const std::vector<Retrieval> plan = PlanRetrievals(Study(), holdings, 127);

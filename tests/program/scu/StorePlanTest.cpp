@@ -36,7 +36,7 @@ TEST(StorePlan, UncompressedFilesComeWithTheOtherUncompressedSyntaxesAndCompress
 TEST(StorePlan, EveryKindFindsItsContextsInItsAssociationHoweverManyThereAre) {
     std::vector<ObjectKind> kinds;
     kinds.reserve(500);
-    for (int i = 0; i < 300; ++i)
+    for (std::size_t i = 0; i < 300; ++i)
         kinds.push_back({"1.2." + std::to_string(i / 3), std::vector{kJpeg, kExplicit, kBig}[i % 3]});
     for (int i = 0; i < 200; ++i)
         kinds.push_back({"1.3", "1.2.4." + std::to_string(i)});
