@@ -82,7 +82,7 @@ void SaveReport(benchmark::State& state) {
     std::size_t size = 0;
     for (auto _ : state)
         size = Save(dataSet, static_cast<unsigned short>(state.range(0))).size();
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * size));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(size));
 }
 BENCHMARK(SaveReport)->ArgName("flags")->Arg(0x25)->Arg(0x29)->Unit(benchmark::kMillisecond);
 

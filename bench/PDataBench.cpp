@@ -90,7 +90,7 @@ void FramePdus(benchmark::State& state) {
                 receiver.Drop();
         }
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * stream.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(stream.size()));
 }
 BENCHMARK(FramePdus);
 
